@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <tamo/Export.h>
+#include <tamo/connectivity/GLTesselation.h>
+#include <tamo/objects/GLObjectList.h>
+
+/// Builds the polygons of all 256 cell configurations by cutting the polyhedra of a subdivision of the cell.
+///
+/// In each polyhedron every pair of a foreground and a background corner is cut at its midpoint; the cuts form one
+/// polygon, counter-clockwise as seen from the background. The cut tetrahedron is that of A. Doi and A. Koide,
+/// "An Efficient Method of Triangulating Equi-Valued Surfaces by Using Tetrahedral Cells", 1991.
+class TAMO_EXPORT GLConnectivity {
+  public:
+    /// Replaces the contents of `list`, which must not be null, by 256 objects; slots 0 and 255 stay empty. With
+    /// `reduce` set, merges a configuration's triangles in pairs where they are coplanar, and all its polygons into one
+    /// fan where each of them touches the cell centre. A polyhedron supports at most 8 cuts; a corner above 7 or a
+    /// ninth cut stops the program with the standard library's assertion. Always returns true; throws `std::bad_alloc`.
+    bool wrapLocal(GLTesselation const& tesselation, GLObjectList* list, bool reduce);
+
+  private:
+    static float const epsilon;
+
+    /// Replaces the polygons of `object` by one closed triangle fan around the cell centre, provided that there are at
+    /// least 3, none a fan, and each touches the centre once. Returns the number of vertices saved, 0 where refused.
+    unsigned int makeTriangleFan(GLObject* object, GLAccess3f const& direction);
+    /// Merges pairs of polygons until none is left that `combinePolygons` would join; returns the number of merges.
+    unsigned int reducePolygons(GLObject* object, unsigned int n, bool sameNormal);
+    /// Returns a new polygon, owned by the caller, that joins p and q, which share exactly two vertices; null where
+    /// they are not to be joined: a fan, a vertex count that is not `n` (for n other than 0), or, with `sameNormal`
+    /// set, first normals whose dot product is not exactly 1.
+    GLPolygon* combinePolygons(GLPolygon* p, GLPolygon* q, unsigned int n, bool sameNormal);
+};

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <tamo/Export.h>
+#include <tamo/geometry/GLAccess3f.h>
+#include <tamo/geometry/GLAccessNV.h>
+#include <tamo/geometry/GLCoord3f.h>
+#include <tamo/geometry/GLVec3f.h>
+
+#include <vector>
+
+/// Holds one surface polygon as OpenGL's interleaved array `GL_N3F_V3F` expects it.
+///
+/// Vertex i occupies floats 6i to 6i + 5: normal x, y, z, then position x, y, z. Accessors are views into that array; a
+/// resize, a clear or an assignment invalidates them. Vertex indices are not checked except where stated; reading from
+/// a polygon without vertices stops the program with the standard library's assertion. Growing the array may throw
+/// `std::bad_alloc`; nothing else throws.
+class TAMO_EXPORT GLPolygon {
+  public:
+    /// Makes three vertices, all floats 0, no flag set, black.
+    GLPolygon();
+    /// Makes `n` vertices, all floats 0, no flag set, black.
+    explicit GLPolygon(unsigned int n);
+    /// Copies vertices and flags and multiplies every position by `scale`. The copy is black: it does not take the
+    /// colour, which tells the builder that made the original.
+    GLPolygon(GLPolygon const& p, float scale = 1.0F);
+    /// Copies vertices and flags and adds `offset` to every position. The copy is black, as above.
+    GLPolygon(GLPolygon const& p, GLCoord3f const& offset);
+    /// Copies everything, the colour included.
+    GLPolygon& operator=(GLPolygon const& p);
+    virtual ~GLPolygon();
+
+    /// Returns the number of vertices.
+    [[nodiscard]] unsigned int size() const;
+
+    /// Returns the colour: red, green, blue in [0, 1].
+    [[nodiscard]] GLVec3f& color();
+    [[nodiscard]] GLVec3f const& color() const;
+
+    /// Returns the address of vertex i's record of six floats; the index is not checked against the vertex count.
+    [[nodiscard]] float* vData(unsigned int i);
+    [[nodiscard]] float const* vData(unsigned int i) const;
+    [[nodiscard]] GLAccess3f normal(unsigned int i);
+    [[nodiscard]] GLAccess3f const normal(unsigned int i) const;
+    [[nodiscard]] GLAccess3f vertex(unsigned int i);
+    [[nodiscard]] GLAccess3f const vertex(unsigned int i) const;
+    [[nodiscard]] GLAccessNV access(unsigned int i);
+    [[nodiscard]] GLAccessNV const access(unsigned int i) const;
+
+    [[nodiscard]] bool isFan() const;
+    [[nodiscard]] bool isStrip() const;
+    [[nodiscard]] bool isClosed() const;
+    [[nodiscard]] bool isCCW() const;
+    /// Sets the fan flag to `b` and clears the strip flag, whatever `b` is.
+    void setFan(bool b);
+    /// Sets the strip flag to `b` and clears the fan flag, whatever `b` is.
+    void setStrip(bool b);
+    void setClosed(bool b);
+    void setCCW(bool b);
+    /// Stores the four flags as given; fan and strip may both be set.
+    void setProperties(bool fan, bool strip, bool closed, bool ccw);
+
+    /// Returns the OpenGL primitive: 6 (`GL_TRIANGLE_FAN`) for a fan, else 5 (`GL_TRIANGLE_STRIP`) for a strip, else 9
+    /// (`GL_POLYGON`).
+    [[nodiscard]] int type() const;
+
+    /// Makes room for exactly `n` vertices; those kept keep their values, new floats are 0.
+    /// The result does not tell success: it is true for n = 0 and false otherwise. Ignore it.
+    bool resize(unsigned int n);
+    /// Removes all vertices; flags and colour stay.
+    void clear();
+    /// Does nothing and returns false: polygons grow through `resize` only.
+    bool pushBack(GLAccess3f const& vertex);
+
+    /// Gives every vertex the normal `n`.
+    void setNormals(GLVec3f const& n);
+    /// Computes every normal from the positions, by the rule of the drawing mode: triangle, strip (checked before fan),
+    /// fan, plain polygon. Counter-clockwise vertices give outward normals; degenerate geometry gives non-numbers.
+    /// Returns false and changes nothing for fewer than 3 vertices.
+    bool setNormals();
+
+    /// Orders the vertices counter-clockwise as seen from the side to which `reference` points, moving normals along,
+    /// and sets the CCW flag. A greedy neighbour search that vertex 0 always leads; closed polygons keep their order.
+    /// Returns a face direction: for a triangle the cross product before any swap, not normalised; otherwise the
+    /// normalised sum of the turns examined; three non-numbers for a closed polygon or fewer than 3 vertices.
+    GLVec3f sortCCW(GLAccess3f const& reference);
+    /// Exchanges the whole records of vertices i and j. Returns false, changing nothing, where an index is out of
+    /// range.
+    bool swapV(unsigned int i, unsigned int j);
+    /// Removes vertex i; later vertices move forward. Returns false, changing nothing, where i is out of range.
+    bool eraseV(unsigned int i);
+    /// Returns the sum of the triangle areas of the fan around vertex 0 (the area, for a convex polygon), in square
+    /// voxels; 0 for fewer than 3 vertices.
+    [[nodiscard]] float area() const;
+
+  private:
+    [[nodiscard]] float* _begin();
+    [[nodiscard]] float const* _begin() const;
+    void setStripNormals();
+    void setFanNormals();
+    void setPlainNormals();
+
+    std::vector<float> _data;
+    unsigned int _count;
+    bool _fan = false;
+    bool _strip = false;
+    bool _closed = false;
+    bool _ccw = false;
+    GLVec3f _color;
+};

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <tamo/Export.h>
+#include <tamo/TamoException.h>
+#include <tamo/neighborhood/GLUnitCube.h>
+
+#include <memory>
+#include <vector>
+
+/// Describes one adjacency system of the unit cell: which of its 28 links join foreground corners, which background.
+///
+/// A link is a pair of the cell's eight corners, written as the byte with those two bits set. Links 0 to 11 are the
+/// edges, 12 to 23 the face diagonals, 24 to 27 the space diagonals. A background link is one that crosses no
+/// foreground link. Call `setupNeighborhood` before asking for either. Copies share the constant corner table. Const
+/// members may be called from several threads at once.
+class TAMO_EXPORT Neighborhood {
+  public:
+    /// Names an adjacency system as the set of link tables that join foreground corners: 1 edges, 2 face diagonals,
+    /// 4 space diagonals, 8 and 16 two sets of six face diagonals and the space diagonal 0-7. Any other union of these
+    /// bits may be cast to this type; it has no name.
+    enum NHConfig : unsigned int {
+        N6 = 1,
+        N8 = 4,
+        N12 = 6,
+        N26 = 7,
+        N14I = 9,
+        N14II = 17,
+    };
+
+    /// Makes a system without foreground and background links.
+    Neighborhood();
+    Neighborhood(Neighborhood const&) = default;
+    Neighborhood& operator=(Neighborhood const&) = default;
+    ~Neighborhood() = default;
+
+    /// Rebuilds all lists for `config`; returns true. Bits above 16 are ignored; no bit at all gives no foreground
+    /// link. Throws `TamoException` "GLConn::connect ERROR:connection already defined" where two tables of `config`
+    /// share a link; the lists then hold what was connected before it.
+    bool setupNeighborhood(NHConfig config);
+    /// Empties the foreground system: every link is then a background link.
+    void clear();
+
+    /// Returns "N6", "N8", "N12", "N14I", "N14II", "N26" or "invalid", for the system last set up.
+    [[nodiscard]] char const* getName() const;
+
+    [[nodiscard]] unsigned int getConnSize() const;
+    [[nodiscard]] unsigned int getFgConnSize() const;
+    [[nodiscard]] unsigned int getBgConnSize() const;
+    [[nodiscard]] unsigned int getConnIdxSize() const;
+
+    // Each of these throws `TamoException` "Neighborhood::getConn invalid Index" where i is not below its list's size.
+
+    /// Returns link i of the cell.
+    [[nodiscard]] unsigned char getConn(unsigned int i) const;
+    /// Returns the i-th foreground link, in the order of connection.
+    [[nodiscard]] unsigned char getFgConn(unsigned int i) const;
+    /// Returns the i-th background link, by ascending link number.
+    [[nodiscard]] unsigned char getBgConn(unsigned int i) const;
+    /// Returns the number (not the byte) of the i-th link that is both a foreground and a background link.
+    [[nodiscard]] unsigned int getConnIdx(unsigned int i) const;
+
+    /// Prints configuration `conf` on standard output: corner 7 first, "*" foreground, "0" background, and a line end.
+    void show(unsigned char conf) const;
+
+  protected:
+    static constexpr unsigned int _edgeSize = 12;
+    static constexpr unsigned int _fDiagSize = 12;
+    static constexpr unsigned int _sDiagSize = 4;
+    static unsigned char const _edge[_edgeSize];
+    static unsigned char const _fDiag[_fDiagSize];
+    static unsigned char const _sDiag[_sDiagSize];
+
+    /// Returns link i, unchecked.
+    unsigned char operator[](int i) const;
+    /// Adds a foreground link and removes the background links that it crosses; returns true. Throws `TamoException`
+    /// where `link` has not exactly two bits or is connected already.
+    bool connect(unsigned char link);
+    /// Tells whether the links numbered a and b are different and have the same midpoint.
+    [[nodiscard]] bool isCrossing(unsigned char a, unsigned char b) const;
+
+  private:
+    static constexpr unsigned int _n14iDiagSize = 7;
+    static constexpr unsigned int _n14iiDiagSize = 7;
+    static unsigned char const _n14iDiag[_n14iDiagSize];
+    static unsigned char const _n14iiDiag[_n14iiDiagSize];
+    static char const* _nhNames[7];
+
+    int setupConnect();
+
+    std::vector<unsigned int> _fgConn;
+    std::vector<unsigned int> _bgConn;
+    std::vector<unsigned char> _conn;
+    std::vector<unsigned int> _connIdx;
+
+  protected:
+    /// The corner positions, shared by all copies.
+    std::shared_ptr<GLUnitCube const> _vertices;
+
+  private:
+    NHConfig _config;
+};

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include <tamo/connectivity/GLConnectivity.h>
+#include <tamo/neighborhood/GLUnitCube.h>
+
+#include <array>
+#include <memory>
+#include <utility>
+
+// Part of the exported interface; vertex comparisons are exact, so that nothing here has a use for it.
+float const GLConnectivity::epsilon = 1e-16F;
+
+namespace {
+
+constexpr unsigned int kConfigurations = 256;
+
+/// Gathers the midpoints of one polyhedron's foreground-background corner pairs.
+class PolyhedronCut {
+  public:
+    PolyhedronCut(GLUnitCube const& cube, GLTesselation const& tesselation, unsigned int polyhedron,
+                  unsigned int configuration) {
+        unsigned int const corners = tesselation.polyhSize(static_cast<int>(polyhedron));
+        auto const cornerAt = [&](unsigned int place) {
+            return static_cast<unsigned int>(tesselation.getNook(polyhedron, place));
+        };
+        auto const isForeground = [configuration](unsigned int corner) { return (configuration >> corner & 1U) != 0; };
+        for (unsigned int a = 0; a < corners; ++a) {
+            if (!isForeground(cornerAt(a))) {
+                continue;
+            }
+            for (unsigned int b = 0; b < corners; ++b) {
+                if (!isForeground(cornerAt(b))) {
+                    add(cube.vertex(cornerAt(a)), cube.vertex(cornerAt(b)));
+                }
+            }
+        }
+    }
+
+    /// Returns the polygon of the cuts, or null where there are fewer than three; adds its unit direction to `total`.
+    [[nodiscard]] std::unique_ptr<GLPolygon> makePolygon(GLVec3f& total) {
+        if (_count < 3) {
+            return nullptr;
+        }
+        auto polygon = std::make_unique<GLPolygon>(_count);
+        for (unsigned int i = 0; i < _count; ++i) {
+            polygon->vertex(i) = _positions[i];
+        }
+        _direction.normalize();
+        total += _direction;
+        std::array<float, 3> reference = {_direction.x, _direction.y, _direction.z};
+        polygon->sortCCW(GLAccess3f(reference.data()));
+        polygon->setNormals();
+        polygon->color() = GLVec3f(1.0F, 0.0F, 0.0F);
+        return polygon;
+    }
+
+  private:
+    void add(GLAccess3f const& foreground, GLAccess3f const& background) {
+        _positions[_count] = (foreground + background) * 0.5F;
+        _direction += background - foreground;
+        ++_count;
+    }
+
+    std::array<GLVec3f, 8> _positions;
+    unsigned int _count = 0;
+    /// Points from the foreground to the background: the polygon's outward side.
+    GLVec3f _direction;
+};
+
+void append(GLObject& object, std::unique_ptr<GLPolygon> polygon) {
+    object.push_back(polygon.get());
+    static_cast<void>(polygon.release());
+}
+
+/// Appends an empty object and returns it; the list owns it at once.
+GLObject& appendObject(GLObjectList& list) {
+    auto object = std::make_unique<GLObject>();
+    list.push_back(object.get());
+    return *object.release();
+}
+
+} // namespace
+
+bool GLConnectivity::wrapLocal(GLTesselation const& tesselation, GLObjectList* list, bool reduce) {
+    GLUnitCube const cube;
+    list->clear();
+    list->reserve(kConfigurations);
+    appendObject(*list);
+    for (unsigned int configuration = 1; configuration + 1 < kConfigurations; ++configuration) {
+        GLObject& object = appendObject(*list);
+        GLVec3f total;
+        for (unsigned int i = 0; i < static_cast<unsigned int>(tesselation.size()); ++i) {
+            if (auto polygon = PolyhedronCut(cube, tesselation, i, configuration).makePolygon(total)) {
+                append(object, std::move(polygon));
+            }
+        }
+        if (reduce && object.size() >= 2) {
+            reducePolygons(&object, 3, true);
+            total.normalize();
+            std::array<float, 3> direction = {total.x, total.y, total.z};
+            makeTriangleFan(&object, GLAccess3f(direction.data()));
+            reducePolygons(&object, 3, false);
+        }
+    }
+    appendObject(*list);
+    return true;
+}
