@@ -201,6 +201,9 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
         app.exit(asked);
         return {};
     } catch (CLI::ParseError const& error) {
+        if (app.get_subcommands().empty()) {
+            throw UserError("expected a command, info or render; see tamo --help");
+        }
         throw UserError(std::string(error.what()) + "; see tamo --help");
     }
     if (info->parsed()) {

@@ -14,8 +14,9 @@
 
 #include <GL/gl.h>
 
-#include <algorithm>
+#include <cmath>
 #include <iostream>
+#include <limits>
 
 namespace {
 
@@ -77,6 +78,11 @@ Box chooseBox(RenderOptions const& options, Size3 const& size) {
     return box;
 }
 
+std::string rangeText(ValueRange range) {
+    return std::isinf(range.max) ? "from " + numberText(range.min)
+                                 : numberText(range.min) + " .. " + numberText(range.max);
+}
+
 /// Returns the values that are foreground, and prints them.
 ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
     ValueRange const found = computeValueRange(volume, options.source.path.string());
@@ -88,10 +94,9 @@ ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
     }
     // An upper bound alone asks for everything below it.
     double const min = options.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : found.min);
-    ValueRange const range{min, options.max.value_or(std::max(min, found.max))};
-    std::cout << "values      " << numberText(range.min) << " .. " << numberText(range.max) << " of "
-              << numberText(found.min) << " .. " << numberText(found.max)
-              << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
+    ValueRange const range{min, options.max.value_or(std::numeric_limits<double>::infinity())};
+    std::cout << "values      " << rangeText(range) << " of " << numberText(found.min) << " .. "
+              << numberText(found.max) << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
     return range;
 }
 
@@ -111,8 +116,8 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
               {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1},
               static_cast<unsigned int>(options.step)};
     if (scan.binary.foreground == 0) {
-        throw UserError(options.source.path.string() + ": expected voxels with values from --min to --max (" +
-                        numberText(range.min) + " .. " + numberText(range.max) + "), found none");
+        throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
+                        " (--min, --max), found none");
     }
     std::cout << "foreground  " << scan.binary.foreground << " voxels\n";
     return scan;

@@ -141,7 +141,7 @@ Volume readSliceFolder(fs::path const& folder, Progress& progress) {
         if (!others.empty()) {
             throw UserError(others.front().string() + ": expected a DICOM slice, as the other files of the folder");
         }
-        return readDicomFolder(folder, slices, progress);
+        return readDicomSlices(slices, progress);
     }
     return *formats.begin() == "PNG" ? readPngSlices(slices, progress) : readTiffSlices(slices, progress);
 }

@@ -7,8 +7,10 @@
 #include <tiffio.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <cstring>
-#include <map>
+#include <limits>
 #include <memory>
 
 // VTK's own reader of this format takes the pages of a compressed stack for others than they are.
@@ -21,7 +23,12 @@ namespace fs = std::filesystem;
 // libtiff reports to plain functions; errors are told by what its calls return, except for the list of pages.
 thread_local bool hasTiffError = false;
 extern "C" void noteTiffError(char const*, char const*, va_list) { hasTiffError = true; }
-extern "C" void ignoreTiffWarning(char const*, char const*, va_list) {}
+// A field that lies beyond the end of the file is only warned of: most readers can do without it.
+extern "C" void noteTiffWarning(char const*, char const* format, va_list arguments) {
+    std::array<char, 512> message{};
+    std::vsnprintf(message.data(), message.size(), format, arguments);
+    hasTiffError = hasTiffError || std::strstr(message.data(), "IO error") != nullptr;
+}
 
 struct CloseTiff {
     void operator()(TIFF* file) const { TIFFClose(file); }
@@ -44,7 +51,7 @@ struct Page {
 TiffFile openTiff(fs::path const& path) {
     hasTiffError = false;
     TIFFSetErrorHandler(noteTiffError);
-    TIFFSetWarningHandler(ignoreTiffWarning);
+    TIFFSetWarningHandler(noteTiffWarning);
     TiffFile file(TIFFOpen(path.c_str(), "r"));
     if (!file || hasTiffError) {
         throwDamaged(path);
@@ -74,16 +81,20 @@ Page currentPage(TIFF* file, fs::path const& path) {
     if (type == kScalarTypes.end()) {
         throw UserError(path.string() + ": expected TIFF samples of 8, 16, 32 or 64 bits, found " + name);
     }
-    return {static_cast<int>(tagValue<std::uint32_t>(file, TIFFTAG_IMAGEWIDTH)),
-            static_cast<int>(tagValue<std::uint32_t>(file, TIFFTAG_IMAGELENGTH)), type->vtkType};
+    auto const width = tagValue<std::uint32_t>(file, TIFFTAG_IMAGEWIDTH);
+    auto const height = tagValue<std::uint32_t>(file, TIFFTAG_IMAGELENGTH);
+    constexpr auto kMost = static_cast<std::uint32_t>(std::numeric_limits<int>::max());
+    if (width == 0 || height == 0 || width > kMost || height > kMost) {
+        throwDamaged(path);
+    }
+    return {static_cast<int>(width), static_cast<int>(height), type->vtkType};
 }
 
 bool readTiles(TIFF* file, Page const& page, vtkImageData& image, int z) {
     auto const tileWidth = static_cast<int>(tagValue<std::uint32_t>(file, TIFFTAG_TILEWIDTH));
     auto const tileHeight = static_cast<int>(tagValue<std::uint32_t>(file, TIFFTAG_TILELENGTH));
     int const voxelSize = image.GetScalarSize();
-    auto const tileRowBytes =
-        std::size_t{1} * static_cast<std::size_t>(tileWidth) * static_cast<std::size_t>(voxelSize);
+    auto const tileRowBytes = static_cast<std::size_t>(tileWidth) * static_cast<std::size_t>(voxelSize);
     std::vector<unsigned char> tile(static_cast<std::size_t>(TIFFTileSize(file)));
     if (tileWidth < 1 || tileHeight < 1 || tile.size() < tileRowBytes * static_cast<std::size_t>(tileHeight)) {
         return false;

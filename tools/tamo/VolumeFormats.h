@@ -34,9 +34,8 @@ Volume readTiffSlices(std::vector<std::filesystem::path> const& slices, Progress
 Volume readPngSlices(std::vector<std::filesystem::path> const& slices, Progress& progress);
 /// Reads a folder of PNG, TIFF or DICOM slices; pictures in the order of the numbers in their names.
 Volume readSliceFolder(std::filesystem::path const& folder, Progress& progress);
-/// Reads the slices of `folder`, all of which are in `slices`, in the order of their positions in space.
-Volume readDicomFolder(std::filesystem::path const& folder, std::vector<std::filesystem::path> const& slices,
-                       Progress& progress);
+/// Reads files of one slice each, in the order of their positions in space.
+Volume readDicomSlices(std::vector<std::filesystem::path> const& slices, Progress& progress);
 Volume readRaw(std::filesystem::path const& path, RawLayout const& layout, Progress& progress);
 
 } // namespace tamo

@@ -3,20 +3,23 @@
 #include "QuietLibraries.h"
 #include "UserError.h"
 #include "VolumeFormats.h"
+#include "VoxelFile.h"
 
 #include <vtkCallbackCommand.h>
 #include <vtkDataArray.h>
 #include <vtkErrorCode.h>
 #include <vtkMatrix3x3.h>
 #include <vtkMatrix4x4.h>
-#include <vtkMetaImageReader.h>
 #include <vtkNIFTIImageHeader.h>
 #include <vtkNIFTIImageReader.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkXMLImageDataReader.h>
 
+#include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <string_view>
 
 namespace {
 
@@ -68,11 +71,38 @@ template <typename Matrix> void setAxes(Volume& volume, Matrix const& matrix) {
     }
 }
 
+/// Turns slices that VTK has put into reverse order, so that its axes are right-handed, back into that of the file.
+void reverseSlices(Volume& volume) {
+    auto const sliceBytes = static_cast<std::ptrdiff_t>(voxelBytes(volume)) / volume.size[2];
+    for (int z = 0; z < volume.size[2] / 2; ++z) {
+        unsigned char* const slice = rowAddress(*volume.image, 0, z);
+        std::swap_ranges(slice, slice + sliceBytes, rowAddress(*volume.image, 0, volume.size[2] - 1 - z));
+    }
+    for (double& component : volume.axes[2]) {
+        component = -component;
+    }
+}
+
+/// Tells whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
+bool hasClosingTag(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    std::string end(static_cast<std::size_t>(std::min<std::streamoff>(file.tellg(), 64)), ' ');
+    file.seekg(-static_cast<std::streamoff>(end.size()), std::ios::end);
+    file.read(end.data(), static_cast<std::streamsize>(end.size()));
+    end.erase(end.find_last_not_of(" \t\r\n") + 1);
+    constexpr std::string_view kTag = "</VTKFile>";
+    return end.size() >= kTag.size() && end.compare(end.size() - kTag.size(), kTag.size(), kTag) == 0;
+}
+
 } // namespace
 
 namespace tamo {
 
 Volume readNifti(std::filesystem::path const& path, Progress& progress) {
+    if (path.extension() != ".nii") {
+        // VTK does not look at the check sum, and a stream that ends early need not miss a voxel.
+        checkGzipFile(path);
+    }
     vtkNew<vtkNIFTIImageReader> reader;
     reader->SetFileName(path.c_str());
     if (!update(*reader, progress)) {
@@ -89,26 +119,20 @@ Volume readNifti(std::filesystem::path const& path, Progress& progress) {
         volume.intercept = reader->GetRescaleIntercept();
     }
     vtkMatrix4x4* const matrix =
-        reader->GetQFormMatrix() != nullptr ? reader->GetQFormMatrix() : reader->GetSFormMatrix();
+        reader->GetSFormMatrix() != nullptr ? reader->GetSFormMatrix() : reader->GetQFormMatrix();
     if (matrix != nullptr && matrix->Determinant() != 0.0) {
         setAxes(volume, *matrix);
     }
-    return volume;
-}
-
-Volume readMetaImage(std::filesystem::path const& path, Progress& progress) {
-    vtkNew<vtkMetaImageReader> reader;
-    reader->SetFileName(path.c_str());
-    if (!update(*reader, progress)) {
-        throwDamaged(path, "MetaImage");
+    if (reader->GetQFac() < 0) {
+        reverseSlices(volume);
     }
-    return makeVolume(reader->GetOutput(), "MetaImage", path);
+    return volume;
 }
 
 Volume readVti(std::filesystem::path const& path, Progress& progress) {
     vtkNew<vtkXMLImageDataReader> reader;
     reader->SetFileName(path.c_str());
-    if (!update(*reader, progress)) {
+    if (!hasClosingTag(path) || !update(*reader, progress)) {
         throwDamaged(path, "VTK image data");
     }
     Volume volume = makeVolume(reader->GetOutput(), "VTK image data", path);
