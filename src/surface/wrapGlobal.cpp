@@ -9,8 +9,11 @@
 #include <iostream>
 #include <memory>
 #include <new>
+#include <optional>
 
 namespace {
+
+constexpr char const* kAllocError = "wrapGlobal alloc error";
 
 /// Calls `start` at once and `finish` once the scan is over or refused.
 class AggregatorSession {
@@ -40,7 +43,7 @@ std::unique_ptr<GLObjectList> makeScaledList(GLObjectList const& objects, unsign
     }
     // A null slot is an object that could not be allocated: the copy as a whole has failed.
     if (!scaled || std::find(scaled->begin(), scaled->end(), nullptr) != scaled->end()) {
-        std::cerr << "wrapGlobal alloc error" << std::endl;
+        std::cerr << kAllocError << std::endl;
         return nullptr;
     }
     return scaled;
@@ -62,21 +65,26 @@ bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsig
             return session.finish(false);
         }
     }
+    tamo::SampleGrid const grid = tamo::makeSampleGrid(data, increments, step, origin, extent);
+    std::optional<tamo::CellScan> scan;
+    try {
+        scan.emplace(grid);
+    } catch (std::bad_alloc const&) {
+        std::cerr << kAllocError << std::endl;
+        return session.finish(false);
+    }
 
-    constexpr unsigned char kFull = 255;
     GLObject* const* const slots = &*(scaled ? *scaled : objects).begin();
     // Cell coordinate and origin become floats apart from each other: far from the origin the sum rounds differently.
     auto const position = [step](std::int64_t cell, int start) {
         return static_cast<float>(cell * static_cast<std::int64_t>(step)) + static_cast<float>(start);
     };
-    tamo::forEachCell(tamo::makeSampleGrid(data, increments, step, origin, extent),
-                      [&](unsigned char configuration, std::int64_t x, std::int64_t y, std::int64_t z) {
-                          if (configuration != 0 && configuration != kFull) {
-                              aggregator.fetch(
-                                  *slots[configuration],
-                                  GLCoord3f(position(x, origin.x), position(y, origin.y), position(z, origin.z)));
-                          }
-                      });
+    scan->visitInOrder([&](std::int64_t x, std::int64_t y) {
+        return
+            [&, px = position(x, origin.x), py = position(y, origin.y)](unsigned char configuration, std::int64_t z) {
+                aggregator.fetch(*slots[configuration], GLCoord3f(px, py, position(z, origin.z)));
+            };
+    });
     return session.finish(true);
 }
 
