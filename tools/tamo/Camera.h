@@ -10,7 +10,7 @@
 namespace tamo {
 
 /// Says from where a surface is looked at, in degrees. Azimuth 0 looks from the end of the y axis (a patient's front),
-/// 90 from the end of the x axis (his right side); elevation 90 looks from above, the end of the z axis.
+/// 90 from the end of the x axis (the right side); elevation 90 looks from above, the end of the z axis.
 struct View {
     double azimuth;
     double elevation;

@@ -101,8 +101,10 @@ ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
 }
 
 Volume readSource(RenderOptions const& options) {
-    Progress progress("reading");
-    Volume volume = readVolume(options.source, progress);
+    Volume volume = [&options] {
+        Progress progress("reading");
+        return readVolume(options.source, progress);
+    }();
     std::cout << "volume      " << text(volume.size, " x ") << ", " << scalarTypeName(volume.image->GetScalarType())
               << ", spacing " << volume.spacing[0] << " x " << volume.spacing[1] << " x " << volume.spacing[2] << "\n";
     return volume;
@@ -110,8 +112,11 @@ Volume readSource(RenderOptions const& options) {
 
 Scan threshold(RenderOptions const& options, Volume const& volume, Box const& box) {
     ValueRange const range = chooseRange(options, volume);
-    Progress progress("threshold");
-    Scan scan{makeBinaryVolume(volume, range, box, progress),
+    BinaryVolume binary = [&] {
+        Progress progress("threshold");
+        return makeBinaryVolume(volume, range, box, progress);
+    }();
+    Scan scan{std::move(binary),
               {box.first[0], box.first[1], box.first[2]},
               {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1},
               static_cast<unsigned int>(options.step)};

@@ -24,8 +24,8 @@ struct Volume {
     Size3 size{};
     /// Distance between neighbouring voxels, positive.
     Vector3 spacing{1, 1, 1};
-    /// Directions of the x, y and z axis, of length 1. Where the format knows the patient, they are given towards his
-    /// right, front and top; elsewhere they are the axes of the file.
+    /// Directions of the x, y and z axis, of length 1. Where the format knows the patient, they lead towards the
+    /// right, the front and the top; elsewhere they are the axes of the file.
     std::array<Vector3, 3> axes{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
     /// A stored value v means slope * v + intercept.
     double slope = 1;
