@@ -31,6 +31,11 @@ constexpr BitTile risen(BitTile tile, BitTile below) {
     return (tile << 1U & 0xFEFEFEFEFEFEFEFEU) | (below >> 7U & 0x0101010101010101U);
 }
 
+/// Moves every plane of a tile down by `planes`, 0 to 7; the lowest fall away.
+constexpr BitTile lowered(BitTile tile, unsigned int planes) {
+    return tile >> planes & 0x0101010101010101U * (0xFFU >> planes);
+}
+
 /// Moves every lane of a tile down by one; the last comes from the front of the tile behind.
 constexpr BitTile shiftedLanes(BitTile tile, BitTile behind) { return tile >> 8U | behind << 56U; }
 
