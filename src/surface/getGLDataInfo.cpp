@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include TAMO_CIMAGE_ADAPTER
 #include "CellScan.h"
+#include "SmallScan.h"
 
 #include <tamo/surface/TAMO.h>
 
@@ -28,6 +29,17 @@ std::uint64_t countForeground(tamo::SampleGrid const& grid) {
     return sum;
 }
 
+/// Adds every cut cell to the counter of its configuration.
+void countCutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
+    if (!tamo::SmallScan::fits(grid)) {
+        tamo::CellScan(grid).count(histogram);
+        return;
+    }
+    tamo::SmallScan(grid).visitInOrder([&histogram](std::int64_t, std::int64_t) {
+        return [&histogram](unsigned char configuration, std::int64_t) { ++histogram[configuration]; };
+    });
+}
+
 /// Completes a histogram of the cut cells by those that are empty or full.
 void countUncutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
     // Every sample is the first corner of exactly one cell: the odd configurations together count the foreground.
@@ -50,7 +62,7 @@ bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, un
     tamo::SampleGrid const grid = tamo::makeSampleGrid(data, increments, step, origin, extent);
     Histogram histogram{};
     try {
-        tamo::CellScan(grid).count(histogram);
+        countCutCells(grid, histogram);
     } catch (std::bad_alloc const&) {
         return false;
     }
@@ -62,6 +74,9 @@ bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, un
     // In one assignment: the caller may have taken origin and extent from the record itself.
     info = GLDataInfo(origin, extent, step, 0, 0, 0);
     for (unsigned int c = 0; c < histogram.size(); ++c) {
+        if (histogram[c] == 0) {
+            continue;
+        }
         for (GLPolygon const* polygon : *objects[c]) {
             // n - 2 wraps in 32 bits: a polygon of fewer than two vertices shows in the totals instead of hiding.
             unsigned int const triangles = polygon->size() - 2;
