@@ -2,12 +2,37 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../src/surface/SampleGrid.h"
+#include <tamo/surface/TAMO.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
-namespace tamo {
+namespace tamo::plain {
+
+/// The arguments of a scan, which have to be in order: nothing here is checked.
+struct ScanArguments {
+    unsigned char const* data;
+    GLtVec3<int> increments;
+    unsigned int step;
+    GLtVec3<int> origin;
+    GLtVec3<int> extent;
+};
+
+/// The samples of the box, numbered 0 to `count` - 1 along each axis. Shares no code with the library's own grid.
+struct SampleGrid {
+    explicit SampleGrid(ScanArguments const& a)
+        : first(a.data + std::ptrdiff_t{a.origin.x} * a.increments.x + std::ptrdiff_t{a.origin.y} * a.increments.y +
+                std::ptrdiff_t{a.origin.z} * a.increments.z),
+          stride{std::ptrdiff_t{a.step} * a.increments.x, std::ptrdiff_t{a.step} * a.increments.y,
+                 std::ptrdiff_t{a.step} * a.increments.z},
+          count{a.extent.x / std::int64_t{a.step}, a.extent.y / std::int64_t{a.step},
+                a.extent.z / std::int64_t{a.step}} {}
+
+    unsigned char const* first;
+    GLtVec3<std::ptrdiff_t> stride;
+    GLtVec3<std::int64_t> count;
+};
 
 /// The corners of a cell's lower plane that lie in the sample grid, as the bits dx + 2 dy that they take.
 enum PlaneCorners : unsigned int {
@@ -105,4 +130,47 @@ template <typename Visit> void forEachCell(SampleGrid const& grid, Visit&& visit
     }
 }
 
-} // namespace tamo
+/// Does what the library's `wrapGlobal` does, cell by cell.
+inline void wrapGlobal(ScanArguments const& arguments, GLObjectList const& objects, IPolygonAggregator& aggregator) {
+    aggregator.start();
+    GLObjectList const scaled = arguments.step == 1 ? GLObjectList() : GLObjectList(objects, float(arguments.step));
+    GLObject* const* const slots = &*(arguments.step == 1 ? objects : scaled).begin();
+    auto const position = [&](std::int64_t cell, int start) {
+        return static_cast<float>(cell * std::int64_t{arguments.step}) + static_cast<float>(start);
+    };
+    GLtVec3<int> const& origin = arguments.origin;
+    forEachCell(
+        SampleGrid(arguments), [&](unsigned char configuration, std::int64_t x, std::int64_t y, std::int64_t z) {
+            if (configuration != 0 && configuration != 255) {
+                aggregator.fetch(*slots[configuration],
+                                 GLCoord3f(position(x, origin.x), position(y, origin.y), position(z, origin.z)));
+            }
+        });
+    aggregator.finish();
+}
+
+using Histogram = std::array<std::uint64_t, 256>;
+
+/// Counts all cells by their configuration.
+inline Histogram countCells(ScanArguments const& arguments) {
+    Histogram histogram{};
+    forEachCell(SampleGrid(arguments), [&histogram](unsigned char configuration, std::int64_t, std::int64_t,
+                                                    std::int64_t) { ++histogram[configuration]; });
+    return histogram;
+}
+
+/// Does what the library's `getGLDataInfo` does.
+inline GLDataInfo getGLDataInfo(ScanArguments const& arguments, GLObjectList const& objects) {
+    Histogram const histogram = countCells(arguments);
+    GLDataInfo info(arguments.origin, arguments.extent, arguments.step, 0, 0, 0);
+    for (unsigned int c = 0; c < histogram.size(); ++c) {
+        for (GLPolygon const* polygon : *objects[c]) {
+            info.primitives() += histogram[c];
+            info.triangles() += std::size_t{polygon->size() - 2U} * histogram[c];
+        }
+    }
+    info.vertices() = info.triangles() + 2 * info.primitives();
+    return info;
+}
+
+} // namespace tamo::plain
