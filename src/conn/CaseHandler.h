@@ -2,10 +2,17 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "../neighborhood/CornerBits.h"
+
 #include <tamo/conn/GLPolygonDesc.h>
 #include <tamo/objects/GLObjectList.h>
 
 namespace tamo {
+
+/// Returns the lowest corner of the set `corners` that is not below `from`, or 0 where there is none.
+constexpr unsigned int cornerOrZero(unsigned int corners, unsigned int from) {
+    return nextCorner(corners, from) % kCornerCount;
+}
 
 /// Makes a polygon of the descriptor as it stands and gives it to the object.
 inline void appendPolygon(GLObject& object, GLPolygonDesc const& desc) {

@@ -8,23 +8,10 @@
 #include <iostream>
 
 using tamo::appendPolygon;
+using tamo::cornerOrZero;
 using tamo::firstVertex;
 
 // Each of these cases is one triangle fan; they differ in the vertex from which it starts.
-
-namespace {
-
-/// Returns the lowest corner in `corners` that is not below `from`, or 0 where there is none.
-unsigned int cornerFrom(unsigned int corners, unsigned int from) {
-    for (unsigned int v = from; v < 8; ++v) {
-        if ((corners >> v & 1U) != 0) {
-            return v;
-        }
-    }
-    return 0;
-}
-
-} // namespace
 
 bool GLConn::handleDefault(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
                            unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
@@ -57,8 +44,8 @@ bool GLConn::handleCEdge(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo,
 
 bool GLConn::handleCFDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char fg,
                           unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
-    unsigned int const a = cornerFrom(fg, 0);
-    unsigned int const b = cornerFrom(fg, a + 1);
+    unsigned int const a = cornerOrZero(fg, 0);
+    unsigned int const b = cornerOrZero(fg, a + 1);
     GLVec3f const diagonal = _vertices->vertex(a) - _vertices->vertex(b);
     auto const isAcross = [&](unsigned char k) { return std::fabs(diagonal.dot(desc.normal(k))) < 0.0001F; };
     desc.arrange(firstVertex(desc, 0, isAcross), 0, sdiag);

@@ -6,16 +6,6 @@
 
 namespace {
 
-/// Returns the lowest corner in `corners` that is not below `from`, or 0 where there is none.
-unsigned int cornerFrom(unsigned int corners, unsigned int from) {
-    for (unsigned int v = from; v < 8; ++v) {
-        if ((corners >> v & 1U) != 0) {
-            return v;
-        }
-    }
-    return 0;
-}
-
 void repeatVertex(GLPolygonDesc& desc, unsigned int k) {
     GLVec3f const normal = desc.normal(k);
     desc.addVertex(desc.conn[k], normal);
@@ -29,8 +19,8 @@ bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vin
                           unsigned char /*bg*/, bool inv, bool /*sdiag*/) {
     constexpr unsigned int kFullCell = 255;
     unsigned int const ends = inv ? kFullCell - fg : fg;
-    unsigned int const a = cornerFrom(ends, 0);
-    unsigned int const b = cornerFrom(ends, a + 1);
+    unsigned int const a = tamo::cornerOrZero(ends, 0);
+    unsigned int const b = tamo::cornerOrZero(ends, a + 1);
     GLVec3f const upward = _vertices->vertex(b) - _vertices->vertex(a);
     GLVec3f const downward = _vertices->vertex(a) - _vertices->vertex(b);
 

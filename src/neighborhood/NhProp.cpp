@@ -1,21 +1,11 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "CornerBits.h"
+
 #include <tamo/neighborhood/NhProp.h>
 
 #include <algorithm>
 #include <iterator>
-
-namespace {
-
-/// Returns the lowest corner of `link` that is not below `from`, or 8.
-unsigned char nextCorner(unsigned char link, unsigned char from) {
-    while (from < 8 && (link >> from & 1) == 0) {
-        ++from;
-    }
-    return from;
-}
-
-} // namespace
 
 NhProp::NhProp()
     : _mid(getConnSize()), _dirUp(getConnSize()), _dirDown(getConnSize()), _vInfo(getConnSize()), _p0(getConnSize()),
@@ -55,8 +45,8 @@ void NhProp::setupInfo() {
 
 void NhProp::setupGeometry(unsigned int link) {
     unsigned char const corners = getConn(link);
-    _p0[link] = nextCorner(corners, 0);
-    _p1[link] = nextCorner(corners, static_cast<unsigned char>(_p0[link] + 1));
+    _p0[link] = static_cast<unsigned char>(tamo::nextCorner(corners, 0));
+    _p1[link] = static_cast<unsigned char>(tamo::nextCorner(corners, _p0[link] + 1U));
     GLAccess3f const& lower = _vertices->vertex(_p0[link]);
     GLAccess3f const& higher = _vertices->vertex(_p1[link]);
     _mid[link] = (lower + higher) * 0.5F;
