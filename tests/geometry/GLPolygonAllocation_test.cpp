@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include <tamo/geometry/GLPolygon.h>
+
+#include "support/FailingNew.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+namespace {
+
+using tamo::test::FailingNew;
+
+TEST(GLPolygonAllocation, FailureLeavesASmallerPolygonAsItWas) {
+    GLPolygon polygon(3);
+    polygon.vertex(2) = GLVec3f{1, 2, 3};
+    polygon.setStrip(true);
+    {
+        FailingNew const guard(1);
+        EXPECT_THROW(polygon.resize(4), std::bad_alloc);
+    }
+    EXPECT_EQ(polygon.size(), 3U);
+    EXPECT_EQ(polygon.vertex(2), (GLVec3f{1, 2, 3}));
+
+    GLPolygon larger(9);
+    larger.setFan(true);
+    {
+        FailingNew const guard(1);
+        EXPECT_THROW(polygon = larger, std::bad_alloc);
+    }
+    EXPECT_EQ(polygon.size(), 3U);
+    EXPECT_TRUE(polygon.isStrip());
+}
+
+TEST(GLPolygonAllocation, FailedConstructionLeaksNothing) {
+    GLPolygon const polygon(3);
+    std::ptrdiff_t const before = FailingNew::liveBlocks();
+    {
+        FailingNew const guard(1);
+        EXPECT_THROW(GLPolygon(4U), std::bad_alloc);
+    }
+    {
+        FailingNew const guard(1);
+        EXPECT_THROW(GLPolygon(polygon, 2.0F), std::bad_alloc);
+    }
+    {
+        FailingNew const guard(1);
+        EXPECT_THROW(GLPolygon(polygon, GLCoord3f{1, 2, 3}), std::bad_alloc);
+    }
+    EXPECT_EQ(FailingNew::liveBlocks(), before);
+}
+
+TEST(GLPolygonAllocation, NormalsAndOrderingAllocateNothing) {
+    GLPolygon polygon(8);
+    FailingNew const guard(1);
+    polygon.setNormals();
+    polygon.sortCCW(polygon.normal(0));
+    polygon.swapV(1, 2);
+    polygon.eraseV(3);
+    EXPECT_EQ(FailingNew::allocations(), 0U);
+}
+
+} // namespace

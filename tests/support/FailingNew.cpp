@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "support/FailingNew.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+bool isArmed = false;
+std::size_t failingAllocation = 0;
+std::size_t allocationCount = 0;
+std::ptrdiff_t blockCount = 0;
+
+void* allocate(std::size_t size) {
+    if (isArmed && ++allocationCount == failingAllocation) {
+        throw std::bad_alloc();
+    }
+    void* const block = std::malloc(size == 0 ? 1 : size);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++blockCount;
+    return block;
+}
+
+void release(void* block) noexcept {
+    if (block != nullptr) {
+        --blockCount;
+        std::free(block);
+    }
+}
+
+} // namespace
+
+void* operator new(std::size_t size) { return allocate(size); }
+void* operator new[](std::size_t size) { return allocate(size); }
+void operator delete(void* block) noexcept { release(block); }
+void operator delete[](void* block) noexcept { release(block); }
+void operator delete(void* block, std::size_t /*size*/) noexcept { release(block); }
+void operator delete[](void* block, std::size_t /*size*/) noexcept { release(block); }
+
+namespace tamo::test {
+
+FailingNew::FailingNew(std::size_t failing) {
+    failingAllocation = failing;
+    allocationCount = 0;
+    isArmed = true;
+}
+
+FailingNew::~FailingNew() { isArmed = false; }
+
+std::size_t FailingNew::allocations() { return allocationCount; }
+
+bool FailingNew::hasFailed() { return failingAllocation != 0 && allocationCount >= failingAllocation; }
+
+std::ptrdiff_t FailingNew::liveBlocks() { return blockCount; }
+
+} // namespace tamo::test
