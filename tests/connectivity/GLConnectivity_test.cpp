@@ -54,6 +54,14 @@ TEST(GLConnectivity, CutsAndReducesAnyTesselation) {
     }
 }
 
+TEST(GLConnectivity, ReducesObjectsOfTwoPolygons) {
+    // Both tetrahedra stand on the triangle 0-1-2: corner 0 alone leaves two triangles with a common edge.
+    CornerLists const pair = {{0, 1, 2, 4}, {0, 1, 2, 7}};
+    expectAllConfigurations(pair, /*reduce=*/true);
+    EXPECT_EQ(tamo::test::wrapPlain(pair, 1, /*reduce=*/false).size(), 2U);
+    EXPECT_EQ(tamo::test::wrapPlain(pair, 1, /*reduce=*/true).size(), 1U);
+}
+
 TEST(GLConnectivity, CutsPolyhedraOfMoreThanFourCorners) {
     expectAllConfigurations(kFiveCorners, /*reduce=*/false);
     expectAllConfigurations({{0, 1, 2, 4, 7}, {1, 2, 3, 7}}, /*reduce=*/false);
