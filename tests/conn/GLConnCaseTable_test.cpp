@@ -34,7 +34,7 @@ TEST(GLConnCaseTable, EveryWordFollowsFromTheShapeOfTheCorners) {
 }
 
 TEST(GLConnCaseTable, IsTheSameUnderEverySystem) {
-    for (unsigned int const config : {0, 3, 4, 5, 6, 7, 9, 16, 17}) {
+    for (unsigned int const config : {0U, 3U, 4U, 5U, 6U, 7U, 9U, 16U, 17U}) {
         EXPECT_EQ(tableOf(config), tableOf(Neighborhood::N6)) << config;
     }
 }

@@ -92,8 +92,8 @@ TEST(GLConnectivity, OneForegroundCornerGivesATriangleInEachTetrahedronThatHasIt
         EXPECT_TRUE(polygon.isCCW());
         for (unsigned int place = 1; place < 4; ++place) {
             unsigned int const corner = tamo::test::sixTetrahedra()[t][place];
-            GLVec3f const midpoint{static_cast<float>(corner % 2) / 2, static_cast<float>(corner / 2 % 2) / 2,
-                                   static_cast<float>(corner / 4) / 2};
+            GLVec3f const midpoint{static_cast<float>(corner & 1U) / 2, static_cast<float>(corner >> 1U & 1U) / 2,
+                                   static_cast<float>(corner >> 2U) / 2};
             bool isFound = false;
             for (unsigned int i = 0; i < 3; ++i) {
                 isFound = isFound || polygon.vertex(i) == midpoint;
