@@ -42,6 +42,28 @@ Vector3 inTile(Vector3 const& centre, Vector3 const& point) {
     return {centre[0] + point[0] - 0.5, centre[1] + point[1] - 0.5, centre[2] + point[2] - 0.5};
 }
 
+/// Draws the edges of the triangles that OpenGL makes of a polygon, or the outline of a plain one. Its line mode would
+/// not do: where display lists join strips by triangles without area, it shows them.
+void drawEdges(GLPolygon const& polygon, Vector3 const& centre) {
+    auto const draw = [&](unsigned int a, unsigned int b) {
+        for (unsigned int const i : {a, b}) {
+            float const* const position = polygon.vData(i) + 3;
+            glVertex3dv(inTile(centre, {position[0], position[1], position[2]}).data());
+        }
+    };
+    unsigned int const last = polygon.size() - 1;
+    for (unsigned int i = 0; i < last; ++i) {
+        draw(i, i + 1);
+    }
+    if (polygon.type() == GL_POLYGON) {
+        draw(last, 0);
+        return;
+    }
+    for (unsigned int i = 2; i <= last; ++i) {
+        draw(i, polygon.type() == GL_TRIANGLE_FAN ? 0 : i - 2);
+    }
+}
+
 std::string hexadecimal(unsigned int configuration) {
     std::array<char, 8> text{};
     std::snprintf(text.data(), text.size(), "0x%02X", configuration & 0xffU);
@@ -75,7 +97,7 @@ AtlasSheet::AtlasSheet(std::vector<AtlasTile> const& tiles, std::size_t columns,
     GLuint const polygons = compilePolygons(tiles);
     _list = glGenLists(1);
     glNewList(_list, GL_COMPILE);
-    drawPolygons(polygons);
+    drawPolygons(polygons, tiles);
     // What a polygon hides shows through, thin and small.
     glDisable(GL_DEPTH_TEST);
     drawFrames(tiles, /*size=*/0.4);
@@ -133,32 +155,40 @@ unsigned int AtlasSheet::compilePolygons(std::vector<AtlasTile> const& tiles) co
 }
 
 /// Draws the polygons and the edges of their triangles, thinly also those that a polygon hides.
-void AtlasSheet::drawPolygons(unsigned int polygons) const {
+void AtlasSheet::drawPolygons(unsigned int polygons, std::vector<AtlasTile> const& tiles) const {
     setMaterials();
     // The edges lie on their polygons: these step back to let them be seen.
     glEnable(GL_POLYGON_OFFSET_FILL);
-    glPolygonOffset(1, 1);
+    glPolygonOffset(1, 4);
     glCallList(polygons);
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     glDisable(GL_LIGHTING);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
     glColor3fv(kInk.data());
     setLineWidth(kLineShare);
-    glCallList(polygons);
+    drawTriangles(tiles);
     glColor3fv(kHidden.data());
     setLineWidth(kLineShare / 4);
     glDisable(GL_DEPTH_TEST);
-    glCallList(polygons);
+    drawTriangles(tiles);
     glEnable(GL_DEPTH_TEST);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+}
+
+void AtlasSheet::drawTriangles(std::vector<AtlasTile> const& tiles) const {
+    glBegin(GL_LINES);
+    for (std::size_t i = 0; i < tiles.size(); ++i) {
+        for (GLPolygon const* polygon : *tiles[i].polygons) {
+            drawEdges(*polygon, centreOf(i));
+        }
+    }
+    glEnd();
 }
 
 void AtlasSheet::drawFrames(std::vector<AtlasTile> const& tiles, double size) const {
     glColor3fv(kFrame.data());
     setLineWidth(size * kLineShare);
     for (std::size_t i = 0; i < tiles.size(); ++i) {
-        drawEdges(centreOf(i));
+        drawFrame(centreOf(i));
     }
     for (std::size_t i = 0; i < tiles.size(); ++i) {
         for (unsigned int corner = 0; corner < 8; ++corner) {
@@ -168,7 +198,7 @@ void AtlasSheet::drawFrames(std::vector<AtlasTile> const& tiles, double size) co
     }
 }
 
-void AtlasSheet::drawEdges(Vector3 const& centre) const {
+void AtlasSheet::drawFrame(Vector3 const& centre) const {
     glBegin(GL_LINES);
     for (unsigned int corner = 0; corner < 8; ++corner) {
         for (unsigned int axis = 1; axis < 8; axis *= 2) {

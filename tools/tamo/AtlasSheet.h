@@ -40,9 +40,10 @@ class AtlasSheet {
     [[nodiscard]] Vector3 onScreen(Vector3 const& origin, double right, double up, double nearer) const;
     void setLineWidth(double share) const;
     [[nodiscard]] unsigned int compilePolygons(std::vector<AtlasTile> const& tiles) const;
-    void drawPolygons(unsigned int polygons) const;
+    void drawPolygons(unsigned int polygons, std::vector<AtlasTile> const& tiles) const;
+    void drawTriangles(std::vector<AtlasTile> const& tiles) const;
     void drawFrames(std::vector<AtlasTile> const& tiles, double size) const;
-    void drawEdges(Vector3 const& centre) const;
+    void drawFrame(Vector3 const& centre) const;
     void drawCorner(Vector3 const& position, double radius, bool isForeground) const;
     void drawDisc(Vector3 const& position, double radius, double nearer) const;
     void drawNames(AtlasTile const& tile, Vector3 const& centre) const;
