@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <random>
 
 namespace {
 
@@ -101,6 +102,36 @@ TEST(CellComponentsPatterns, NothingHasNoPiece) {
     Neighborhood const neighborhood = systemOf(Neighborhood::N6);
     EXPECT_TRUE(foregroundOf(neighborhood, 0x00).empty());
     EXPECT_TRUE(backgroundOf(neighborhood, 0xff).empty());
+}
+
+/// A system of any links.
+struct AnySystem : Neighborhood {
+    explicit AnySystem(std::vector<unsigned int> const& links) {
+        clear();
+        for (unsigned int const link : links) {
+            connect(static_cast<unsigned char>(tamo::test::plainMask(link)));
+        }
+    }
+};
+
+TEST(CellComponentsPatterns, HoldForAnySetOfLinks) {
+    std::mt19937 engine(5);
+    for (int round = 0; round < 500; ++round) {
+        std::vector<unsigned int> links;
+        for (unsigned int link = 0; link < 28; ++link) {
+            if (engine() % 8 == 0) {
+                links.push_back(link);
+            }
+        }
+        AnySystem const neighborhood(links);
+        for (unsigned int configuration = 0; configuration < 256; ++configuration) {
+            EXPECT_EQ(widened(foregroundOf(neighborhood, configuration)), plainComponents(configuration, links));
+        }
+    }
+}
+
+TEST(CellComponentsPatterns, LastTwoCornersMakeOnePiece) {
+    EXPECT_EQ(foregroundOf(AnySystem({11}), 0xff), (Components{1, 2, 4, 8, 16, 32, 192}));
 }
 
 TEST(CellComponentsPatterns, WithoutASystemEveryCornerIsAPiece) {

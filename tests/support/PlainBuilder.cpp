@@ -55,6 +55,25 @@ PlainCell PlainBuilder::build(unsigned int configuration, bool recomputeNormals)
     return cell;
 }
 
+PlainCell PlainBuilder::buildWithout(unsigned int fg, unsigned int bg,
+                                     std::vector<unsigned int> const& missingLinks) const {
+    Pair pair{fg, bg, PlainDescriptor(_middles)};
+    collect(pair);
+    for (unsigned int const link : missingLinks) {
+        pair.vertices.remove(link);
+    }
+    pair.info = 0;
+    for (unsigned int const link : pair.vertices.links) {
+        pair.info |= info(link);
+    }
+    if (pair.vertices.size() < 3) {
+        throw std::length_error("no polygon is left");
+    }
+    PlainCell cell;
+    buildPair(pair, cell);
+    return cell;
+}
+
 void PlainBuilder::collect(Pair& pair) const {
     for (unsigned int link = 0; link < 28; ++link) {
         CornerPair const& ends = plainLinks()[link];

@@ -28,6 +28,10 @@ class PlainBuilder {
     explicit PlainBuilder(unsigned int config, bool hadTable = true);
 
     [[nodiscard]] PlainCell build(unsigned int configuration, bool recomputeNormals) const;
+    /// Builds between two components as if some of the links between them were not there. Throws a standard exception
+    /// where too few vertices are left for the case.
+    [[nodiscard]] PlainCell buildWithout(unsigned int fg, unsigned int bg,
+                                         std::vector<unsigned int> const& missingLinks) const;
     [[nodiscard]] PlainAdjacency const& adjacency() const { return _adjacency; }
 
   private:
