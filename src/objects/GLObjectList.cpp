@@ -34,7 +34,11 @@ bool GLObject::replace(GLPolygon* oldPolygon, GLPolygon* newPolygon) {
     return true;
 }
 
-bool GLObject::erase(GLPolygon* polygon) { return erase(std::find(begin(), end(), polygon)) != end(); }
+bool GLObject::erase(GLPolygon* polygon) {
+    // In two statements: erasing moves the end that the result is compared with.
+    auto const next = erase(std::find(begin(), end(), polygon));
+    return next != end();
+}
 
 GLObjectList::GLObjectList() = default;
 

@@ -19,10 +19,8 @@ bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, un
                           ++histogram[configuration];
                       });
 
-    info.reset();
-    info.offset() = origin;
-    info.size() = extent;
-    info.step() = step;
+    // In one assignment: the caller may have taken origin and extent from the record itself.
+    info = GLDataInfo(origin, extent, step, 0, 0, 0);
     for (unsigned int c = 0; c < histogram.size(); ++c) {
         for (GLPolygon const* polygon : *objects[c]) {
             // n - 2 wraps in 32 bits: a polygon of fewer than two vertices shows in the totals instead of hiding.

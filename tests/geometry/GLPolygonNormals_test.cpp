@@ -44,9 +44,9 @@ class ComputedNormals : public testing::TestWithParam<unsigned int> {};
 
 TEST_P(ComputedNormals, FollowTheRuleOfTheDrawingModeToTheLastBit) {
     std::mt19937 random(GetParam());
-    for (int round = 0; round < 1500; ++round) {
+    for (unsigned int round = 0; round < 1500; ++round) {
         for (bool const onLattice : {false, true}) {
-            PlainPolygon expected = tamo::test::randomPolygon(random, round % 13U, onLattice);
+            PlainPolygon expected = tamo::test::randomPolygon(random, round % 13, onLattice);
             setFlags(expected, GetParam());
             GLPolygon polygon = tamo::test::libraryOf(expected);
             EXPECT_EQ(polygon.setNormals(), tamo::test::computePlainNormals(expected));

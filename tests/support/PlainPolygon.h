@@ -53,6 +53,11 @@ bool computePlainNormals(PlainPolygon& polygon);
 /// Orders the vertices counter-clockwise about `reference`; returns the face direction.
 Plain3 sortPlain(PlainPolygon& polygon, Plain3 reference);
 
+/// Returns a number from 0 to `bound` - 1; the standard distributions differ between libraries.
+inline unsigned int below(std::mt19937& random, unsigned int bound) {
+    return static_cast<unsigned int>(random() % bound);
+}
+
 /// Makes `size` vertices with different normals. On a lattice the positions are halves from 0 to 1, so that distances
 /// tie and vertices coincide; otherwise they are scattered over [-1, 1).
 PlainPolygon randomPolygon(std::mt19937& random, unsigned int size, bool onLattice);

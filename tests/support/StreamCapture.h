@@ -10,12 +10,20 @@
 namespace tamo::test {
 
 /// Diverts a stream for its lifetime into a fixed buffer; allocates nothing, so that it works where allocations fail.
+///
+/// Switches off the flush after every output, which standard error has set, so that asked-for flushes can be counted.
 class StreamCapture {
   public:
-    explicit StreamCapture(std::ostream& stream) : _stream(stream), _before(stream.rdbuf(&_buffer)) {}
+    explicit StreamCapture(std::ostream& stream)
+        : _stream(stream), _before(stream.rdbuf(&_buffer)), _flags(stream.flags()) {
+        _stream.unsetf(std::ios_base::unitbuf);
+    }
     StreamCapture(StreamCapture const&) = delete;
     StreamCapture& operator=(StreamCapture const&) = delete;
-    ~StreamCapture() { _stream.rdbuf(_before); }
+    ~StreamCapture() {
+        _stream.rdbuf(_before);
+        _stream.flags(_flags);
+    }
 
     /// Returns what was written; past the buffer's size the stream goes bad instead.
     [[nodiscard]] std::string_view text() const { return _buffer.text(); }
@@ -44,6 +52,7 @@ class StreamCapture {
     std::ostream& _stream;
     Buffer _buffer;
     std::streambuf* _before;
+    std::ios_base::fmtflags _flags;
 };
 
 } // namespace tamo::test

@@ -121,8 +121,8 @@ TEST_F(WrapGlobalPositions, CellAndOriginBecomeFloatsApartFromEachOther) {
     EXPECT_EQ(xPositions(1, 16777217, 4), (std::vector<float>{16777215.0F, 16777216.0F, 16777218.0F, 16777220.0F}));
     EXPECT_EQ(xPositions(1, -16777217, 4),
               (std::vector<float>{-16777216.0F, -16777215.0F, -16777214.0F, -16777213.0F}));
-    EXPECT_EQ(xPositions(16777217, 1, 3 * 16777217U),
-              (std::vector<float>{-16777215.0F, 1.0F, 16777216.0F, 33554432.0F}));
+    EXPECT_EQ(xPositions(16777217, 1, 4 * 16777217U),
+              (std::vector<float>{-16777215.0F, 1.0F, 16777216.0F, 33554432.0F, 50331652.0F}));
 }
 
 TEST_F(WrapGlobalPositions, ExtentsAreReadAsUnsigned) {

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include <tamo/surface/TAMO.h>
+
+#include "connectivity/ConnectivityOracle.h"
+#include "support/Digest.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using tamo::test::Digest;
+
+Neighborhood::NHConfig configOf(unsigned int value) { return static_cast<Neighborhood::NHConfig>(value); }
+
+void expectTetrahedra(GLObjectList const& list) {
+    ASSERT_EQ(list.size(), 256U);
+    for (unsigned int k = 0; k < 256; ++k) {
+        EXPECT_TRUE(sameObject(*list[k], tamo::test::wrapPlain(tamo::test::sixTetrahedra(), k, false))) << k;
+    }
+}
+
+TEST(GLObjectListForNeighborhood, EveryValueButThreeGivesTheSixTetrahedra) {
+    for (unsigned int const value : {0U, 2U, 3U, 4U, 5U, 6U, 8U, 10U, 16U, 17U, 31U, 1000U, ~0U}) {
+        SCOPED_TRACE(value);
+        GLObjectList list;
+        GLObjectListForNeighborhood(configOf(value), list);
+        expectTetrahedra(list);
+    }
+}
+
+TEST(GLObjectListForNeighborhood, ReplacesWhatTheListHeld) {
+    GLObjectList list;
+    for (int i = 0; i < 300; ++i) {
+        list.push_back(new GLObject());
+        list[0]->push_back(new GLPolygon());
+    }
+    GLObjectListForNeighborhood(Neighborhood::N8, list);
+    GLObjectListForNeighborhood(Neighborhood::N14II, list);
+    expectTetrahedra(list);
+}
+
+TEST(GLObjectListForNeighborhood, SystemsOfTheCaseBasedBuilderAreRefusedByName) {
+    struct Row {
+        Neighborhood::NHConfig config;
+        std::string name;
+    };
+    for (Row const& row : {Row{Neighborhood::N6, "N6"}, {Neighborhood::N26, "N26"}, {Neighborhood::N14I, "N14I"}}) {
+        GLObjectList list;
+        list.push_back(nullptr);
+        try {
+            GLObjectListForNeighborhood(row.config, list);
+            ADD_FAILURE() << row.name << " was not refused";
+        } catch (TamoException const& exception) {
+            EXPECT_NE(std::string(exception.what()).find(row.name + " "), std::string::npos) << exception.what();
+        }
+        EXPECT_EQ(list.size(), 1U);
+    }
+}
+
+TEST(GLObjectListForNeighborhood, ListIsTheSameToTheLastBitEverywhere) {
+    GLObjectList list;
+    GLObjectListForNeighborhood(Neighborhood::N14II, list);
+    Digest digest;
+    digest.add(list);
+    EXPECT_EQ(digest.value(), 6321158765555973218U);
+}
+
+} // namespace

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "ToolRun.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+std::string content(std::filesystem::path const& path) {
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+}
+
+void redirect(std::filesystem::path const& path, int descriptor) {
+    int const file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    dup2(file, descriptor);
+    close(file);
+}
+
+/// Runs the program; calls `disturb` with its process once it is started.
+template <typename Disturb> ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb) {
+    TemporaryFolder const folder;
+    std::vector<char*> pointers{const_cast<char*>(TAMO_PROGRAM)};
+    for (std::string const& argument : arguments) {
+        pointers.push_back(const_cast<char*>(argument.c_str()));
+    }
+    pointers.push_back(nullptr);
+
+    pid_t const child = fork();
+    if (child == 0) {
+        redirect(folder / "output", STDOUT_FILENO);
+        redirect(folder / "error", STDERR_FILENO);
+        execv(pointers[0], pointers.data());
+        _exit(127);
+    }
+    disturb(child);
+    int status = 0;
+    waitpid(child, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), content(folder / "output"),
+            content(folder / "error")};
+}
+
+} // namespace
+
+ToolRun runTool(std::vector<std::string> const& arguments) {
+    return runProgram(arguments, [](pid_t) {});
+}
+
+ToolRun interruptTool(std::vector<std::string> const& arguments, unsigned int milliseconds) {
+    return runProgram(arguments, [milliseconds](pid_t child) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+        kill(child, SIGINT);
+    });
+}
+
+bool isOneLineRefusal(ToolRun const& run, std::string const& name) {
+    return run.status == 1 && std::count(run.error.begin(), run.error.end(), '\n') == 1 && run.error.back() == '\n' &&
+           run.error.compare(0, 6, "tamo: ") == 0 && run.error.find(name) != std::string::npos;
+}
+
+TemporaryFolder::TemporaryFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "tamo-test-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        throw std::runtime_error("no temporary folder");
+    }
+    _path = name;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(_path, ignored);
+}

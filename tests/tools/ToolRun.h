@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+/// What a run of the program left behind.
+struct ToolRun {
+    /// The exit status, or 128 and the number of the signal that ended the program.
+    int status;
+    std::string output;
+    std::string error;
+};
+
+/// Runs `tamo` with the given arguments, its standard output and standard error going to files, and waits for it.
+ToolRun runTool(std::vector<std::string> const& arguments);
+
+/// As above, but sends the signal of Ctrl-C after some time.
+ToolRun interruptTool(std::vector<std::string> const& arguments, unsigned int milliseconds);
+
+/// Tells whether a run ended as bad input should: status 1 and one line on standard error that holds `name`.
+bool isOneLineRefusal(ToolRun const& run, std::string const& name);
+
+/// Makes an empty folder for the running test and removes it at the end.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(TemporaryFolder const&) = delete;
+    TemporaryFolder& operator=(TemporaryFolder const&) = delete;
+
+    [[nodiscard]] std::filesystem::path operator/(std::string const& name) const { return _path / name; }
+    [[nodiscard]] std::filesystem::path const& path() const { return _path; }
+
+  private:
+    std::filesystem::path _path;
+};

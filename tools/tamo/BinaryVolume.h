@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include "Progress.h"
+#include "Volume.h"
+#include "VoxelStatistics.h"
+
+#include <tamo/geometry/GLtVec3.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace tamo {
+
+/// Is a box of voxels, both ends included.
+struct Box {
+    Size3 first{};
+    Size3 last{};
+};
+
+/// Holds one byte a voxel, 1 for foreground and 0 for background, x fastest, then y, then z.
+struct BinaryVolume {
+    std::vector<unsigned char> voxels;
+    Size3 size{};
+    std::uint64_t foreground = 0;
+
+    /// Returns the address distances between neighbouring voxels, as a scan takes them.
+    [[nodiscard]] GLtVec3<int> increments() const { return {1, size[0], size[0] * size[1]}; }
+};
+
+/// Marks the voxels of `box` whose value lies in `range`, ends included; a voxel without a value (NaN) is background.
+/// Throws `UserError` for a volume of slices with more than 2^31 - 1 voxels.
+BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress);
+
+} // namespace tamo

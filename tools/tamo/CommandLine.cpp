@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "CommandLine.h"
+
+#include "OptionValues.h"
+#include "ScalarType.h"
+#include "UserError.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace {
+
+using namespace tamo;
+
+/// The texts of the options, empty where one is not given: they are judged here, in one voice, and not by the parser.
+struct Texts {
+    std::string volume;
+    std::string dims;
+    std::string type;
+    std::string header;
+    bool isBigEndian = false;
+    std::string spacing;
+
+    std::string output;
+    std::string min;
+    std::string max;
+    std::string neighborhood = "N14II";
+    std::string step = "1";
+    std::string box;
+    std::string size = "1200x900";
+    std::string view = "-35,15";
+    bool isVerbose = false;
+};
+
+constexpr char const* kFormats = "Volumes: NIfTI (.nii, .nii.gz), MetaImage (.mha, .mhd), NRRD (.nrrd, .nhdr),\n"
+                                 "multi-page TIFF (.tif, .tiff), VTK image data (.vti), a folder of PNG, TIFF or\n"
+                                 "DICOM slices, and bare voxels with --dims and --type.\n";
+
+constexpr char const* kExamples = "\nExample:\n"
+                                  "  tamo info brain.nii.gz\n"
+                                  "  tamo render brain.nii.gz -o brain.png --min 90\n";
+
+constexpr char const* kRenderExamples =
+    "\nExamples:\n"
+    "  tamo render brain.nii.gz -o brain.png --min 90\n"
+    "  tamo render labels.nii.gz -o region.png --min 37 --max 37 --view 90,0\n"
+    "  tamo render scan.raw -o scan.png --dims 512,512,300 --type uint16 --spacing 0.4,0.4,1\n";
+
+void addVolumeOptions(CLI::App& app, Texts& texts) {
+    app.add_option("volume", texts.volume, "File or folder of the volume")->required()->type_name("VOLUME");
+    app.add_option("--dims", texts.dims, "Bare voxels: their number along x, y and z, x fastest")->type_name("X,Y,Z");
+    app.add_option("--type", texts.type,
+                   "Bare voxels: uint8, int8, uint16, int16, uint32, int32, uint64, int64, float32 or float64")
+        ->type_name("TYPE");
+    app.add_option("--header", texts.header, "Bare voxels: bytes before the first one (default 0)")->type_name("BYTES");
+    app.add_flag("--big-endian", texts.isBigEndian, "Bare voxels: the most significant byte comes first");
+    app.add_option("--spacing", texts.spacing, "Distance between voxels, in place of the file's")->type_name("X,Y,Z");
+}
+
+void addRenderOptions(CLI::App& app, Texts& texts) {
+    app.add_option("-o,--output", texts.output, "The picture to write")->required()->type_name("PICTURE.png");
+    app.add_option("--min", texts.min,
+                   "Smallest value of the foreground (default: by Otsu's method, or any with --max)")
+        ->type_name("V");
+    app.add_option("--max", texts.max, "Largest value of the foreground, itself included (default: any)")
+        ->type_name("V");
+    app.add_option("--neighborhood", texts.neighborhood, "Adjacency system: N6, N8, N12, N14I, N14II or N26")
+        ->type_name("NAME")
+        ->capture_default_str();
+    app.add_option("--step", texts.step, "Use every K-th voxel along each axis")->type_name("K")->capture_default_str();
+    app.add_option("--box", texts.box, "First and last voxel of the box to draw, both included (default: all)")
+        ->type_name("X0,Y0,Z0,X1,Y1,Z1");
+    app.add_option("--size", texts.size, "Pixels of the picture")->type_name("WxH")->capture_default_str();
+    app.add_option("--view", texts.view,
+                   "Degrees. Azimuth 0 looks from the end of the y axis (the front), 90 from that of x (the right "
+                   "side); elevation 90 looks from above")
+        ->type_name("AZIMUTH,ELEVATION")
+        ->capture_default_str();
+    app.add_flag("--verbose", texts.isVerbose, "Print wall time and peak memory of each stage");
+}
+
+template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
+    return {values[0], values[1], values[2]};
+}
+
+RawLayout rawLayout(Texts const& texts) {
+    if (texts.dims.empty() || texts.type.empty()) {
+        throw UserError(std::string(texts.dims.empty() ? "--dims" : "--type") +
+                        ": expected with bare voxels, together with " + (texts.dims.empty() ? "--type" : "--dims"));
+    }
+    RawLayout layout;
+    layout.size = triple(parseWholes("--dims", texts.dims, ',', 3, 1, "three whole numbers of at least 1: X,Y,Z"));
+    auto const type = std::find_if(kScalarTypes.begin(), kScalarTypes.end(),
+                                   [&texts](ScalarType const& candidate) { return candidate.name == texts.type; });
+    if (type == kScalarTypes.end()) {
+        throw UserError("--type " + texts.type +
+                        ": expected uint8, int8, uint16, int16, uint32, int32, uint64, int64, float32 or float64");
+    }
+    layout.vtkType = type->vtkType;
+    layout.isBigEndian = texts.isBigEndian;
+    layout.headerBytes = texts.header.empty() ? 0 : static_cast<std::uint64_t>(parseWhole("--header", texts.header, 0));
+    return layout;
+}
+
+VolumeSource volumeSource(Texts const& texts) {
+    VolumeSource source;
+    source.path = texts.volume;
+    if (!texts.dims.empty() || !texts.type.empty() || !texts.header.empty() || texts.isBigEndian) {
+        source.raw = rawLayout(texts);
+    }
+    if (!texts.spacing.empty()) {
+        std::string const expected = "three positive numbers: X,Y,Z";
+        source.spacing = triple(parseNumbers("--spacing", texts.spacing, ',', 3, expected));
+        if (*std::min_element(source.spacing->begin(), source.spacing->end()) <= 0) {
+            throw UserError("--spacing " + texts.spacing + ": expected " + expected);
+        }
+    }
+    return source;
+}
+
+Neighborhood::NHConfig neighborhood(std::string const& name) {
+    constexpr std::array<std::pair<char const*, Neighborhood::NHConfig>, 6> kSystems{{{"N6", Neighborhood::N6},
+                                                                                      {"N8", Neighborhood::N8},
+                                                                                      {"N12", Neighborhood::N12},
+                                                                                      {"N14I", Neighborhood::N14I},
+                                                                                      {"N14II", Neighborhood::N14II},
+                                                                                      {"N26", Neighborhood::N26}}};
+    auto const system = std::find_if(kSystems.begin(), kSystems.end(),
+                                     [&name](auto const& candidate) { return candidate.first == name; });
+    if (system == kSystems.end()) {
+        throw UserError("--neighborhood " + name + ": expected N6, N8, N12, N14I, N14II or N26");
+    }
+    return system->second;
+}
+
+Box parseBox(std::string const& text) {
+    std::string const expected = "six whole numbers X0,Y0,Z0,X1,Y1,Z1, the first voxel and the last";
+    auto const v = parseWholes("--box", text, ',', 6, 0, expected);
+    Box const box{{v[0], v[1], v[2]}, {v[3], v[4], v[5]}};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (box.first[axis] > box.last[axis]) {
+            throw UserError("--box " + text + ": expected " + expected + ", which must not lie before it");
+        }
+    }
+    return box;
+}
+
+RenderOptions renderOptions(Texts const& texts) {
+    RenderOptions options;
+    options.source = volumeSource(texts);
+    options.output = texts.output;
+    if (!texts.min.empty()) {
+        options.min = parseNumber("--min", texts.min);
+    }
+    if (!texts.max.empty()) {
+        options.max = parseNumber("--max", texts.max);
+    }
+    if (options.min && options.max && *options.min > *options.max) {
+        throw UserError("--min " + texts.min + ": expected at most --max " + texts.max);
+    }
+    options.neighborhoodName = texts.neighborhood;
+    options.neighborhood = neighborhood(texts.neighborhood);
+    options.step = parseWhole("--step", texts.step, 1);
+    if (!texts.box.empty()) {
+        options.box = parseBox(texts.box);
+    }
+    auto const size = parseWholes("--size", texts.size, 'x', 2, 1, "WxH, two whole numbers of at least 1");
+    options.size = {size[0], size[1]};
+    std::string const expectedView = "AZIMUTH,ELEVATION, two numbers of degrees, the second from -90 to 90";
+    auto const view = parseNumbers("--view", texts.view, ',', 2, expectedView);
+    if (std::abs(view[1]) > 90) {
+        throw UserError("--view " + texts.view + ": expected " + expectedView);
+    }
+    options.view = {view[0], view[1]};
+    options.isVerbose = texts.isVerbose;
+    return options;
+}
+
+} // namespace
+
+namespace tamo {
+
+Request parseCommandLine(int argumentCount, char const* const* arguments) {
+    Texts texts;
+    CLI::App app(std::string("Shows volumes and draws the surfaces of their foreground.\n") + kFormats, "tamo");
+    app.set_version_flag("--version", "tamo " TAMO_VERSION);
+    app.footer(std::string(kExamples) + "\nSee also: tamo info --help, tamo render --help");
+    app.require_subcommand(1);
+    CLI::App* const info = app.add_subcommand("info", "Print dimensions, type, spacing, value range and bytes");
+    addVolumeOptions(*info, texts);
+    info->footer(std::string("\n") + kFormats + "\nExample:\n  tamo info brain.nii.gz");
+    CLI::App* const render = app.add_subcommand("render", "Draw the surface of the foreground into a PNG picture");
+    addVolumeOptions(*render, texts);
+    addRenderOptions(*render, texts);
+    render->footer(std::string("\n") + kFormats + kRenderExamples);
+    try {
+        app.parse(argumentCount, arguments);
+    } catch (CLI::Success const& asked) {
+        app.exit(asked);
+        return {};
+    } catch (CLI::ParseError const& error) {
+        if (app.get_subcommands().empty()) {
+            throw UserError("expected a command, info or render; see tamo --help");
+        }
+        throw UserError(std::string(error.what()) + "; see tamo --help");
+    }
+    if (info->parsed()) {
+        return InfoOptions{volumeSource(texts)};
+    }
+    return renderOptions(texts);
+}
+
+} // namespace tamo

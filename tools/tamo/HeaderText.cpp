@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "HeaderText.h"
+
+#include "UserError.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+namespace tamo {
+
+std::string trimmed(std::string const& text) {
+    constexpr char const* kBlanks = " \t\r";
+    auto const first = text.find_first_not_of(kBlanks);
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::string HeaderText::text(std::string const& name, std::string const& fallback) const {
+    auto const found = _fields.find(name);
+    return found == _fields.end() ? fallback : found->second;
+}
+
+std::string HeaderText::require(std::string const& name) const {
+    if (!has(name)) {
+        throw UserError(_path.string() + ": expected the header field \"" + name +
+                        "\"; the file is damaged or truncated");
+    }
+    return _fields.at(name);
+}
+
+std::vector<double> HeaderText::numbers(std::string const& name, std::size_t count) const {
+    std::string text = require(name);
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '(' || c == ')' || c == ','; }, ' ');
+    std::istringstream words(text);
+    std::vector<double> values;
+    std::string word;
+    while (words >> word) {
+        char* rest = nullptr;
+        values.push_back(std::strtod(word.c_str(), &rest));
+        if (*rest != '\0') {
+            refuse(name, std::to_string(count) + " numbers");
+        }
+    }
+    if (values.size() != count) {
+        refuse(name, std::to_string(count) + " numbers");
+    }
+    return values;
+}
+
+void HeaderText::refuse(std::string const& name, std::string const& expected) const {
+    throw UserError(_path.string() + ": expected " + expected + " in the header field \"" + name + "\", found \"" +
+                    text(name, "") + "\"");
+}
+
+} // namespace tamo

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include "VolumeReader.h"
+
+namespace tamo {
+
+/// Prints what a volume is: dimensions, type, spacing, value range, bytes.
+void printVolumeInfo(VolumeSource const& source);
+
+} // namespace tamo

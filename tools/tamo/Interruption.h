@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <string>
+
+namespace tamo {
+
+/// Lets Ctrl-C (and the signals that end a terminal or a session) stop the program at once, whatever library runs, with
+/// one line on standard error; the file of `setUnfinishedFile` is removed first.
+void installInterruption();
+
+/// Names the file to remove on an interruption; an empty name for none. Paths of 4096 bytes and more are ignored.
+void setUnfinishedFile(std::string const& path);
+
+} // namespace tamo

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+namespace tamo {
+
+/// Keeps what libraries print off the terminal while it lives, and knows whether VTK reported an error.
+///
+/// VTK's readers report errors as messages only and hand out what they have got; the libraries below them print on
+/// standard output and standard error. One at a time may live.
+class QuietLibraries {
+  public:
+    QuietLibraries();
+    ~QuietLibraries();
+    QuietLibraries(QuietLibraries const&) = delete;
+    QuietLibraries& operator=(QuietLibraries const&) = delete;
+
+    /// Tells whether VTK reported an error since construction.
+    [[nodiscard]] bool hasVtkError() const;
+
+  private:
+    int _standardOutput;
+    int _standardError;
+};
+
+} // namespace tamo

@@ -1,0 +1,207 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "RenderCommand.h"
+
+#include "OffscreenContext.h"
+#include "PictureFile.h"
+#include "ScalarType.h"
+#include "StageTimer.h"
+#include "SurfacePicture.h"
+#include "UserError.h"
+
+#include <tamo/surface/GLPolygonConsumer.h>
+#include <tamo/surface/TAMO.h>
+
+#include <GL/gl.h>
+
+#include <cmath>
+#include <iostream>
+#include <limits>
+
+namespace {
+
+using namespace tamo;
+
+/// Hands the surface on to another receiver and shows how much of it has passed.
+class ProgressAggregator : public IPolygonAggregator {
+  public:
+    ProgressAggregator(IPolygonAggregator& receiver, std::size_t primitives, Progress& progress)
+        : _receiver(receiver), _primitives(static_cast<double>(primitives)), _progress(progress) {}
+
+    void start() override { _receiver.start(); }
+    void finish() override { _receiver.finish(); }
+    void fetch(GLObject& object) override { _receiver.fetch(object); }
+    void fetch(GLObject& object, GLCoord3f const& offset) override {
+        _receiver.fetch(object, offset);
+        _seen += object.size();
+        if (_seen >= _nextUpdate) {
+            constexpr std::size_t kInterval = 1 << 14;
+            _nextUpdate = _seen + kInterval;
+            _progress.update(static_cast<double>(_seen) / _primitives);
+        }
+    }
+
+  private:
+    IPolygonAggregator& _receiver;
+    double _primitives;
+    Progress& _progress;
+    std::size_t _seen = 0;
+    std::size_t _nextUpdate = 0;
+};
+
+/// The arguments that a scan of the sampled box takes.
+struct Scan {
+    BinaryVolume binary;
+    GLtVec3<int> origin;
+    GLtVec3<int> extent;
+    unsigned int step;
+};
+
+std::string text(Size3 const& v, char const* separator) {
+    return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
+}
+
+/// Returns the box to scan, checked against the volume and the step.
+Box chooseBox(RenderOptions const& options, Size3 const& size) {
+    Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (box.last[axis] >= size[axis]) {
+            throw UserError("--box " + text(box.first, ",") + "," + text(box.last, ",") +
+                            ": expected voxels inside the volume of " + text(size, " x "));
+        }
+        int const side = box.last[axis] - box.first[axis] + 1;
+        if (options.step > side) {
+            throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(side) +
+                            ", the smallest side of the box");
+        }
+    }
+    return box;
+}
+
+std::string rangeText(ValueRange range) {
+    return std::isinf(range.max) ? "from " + numberText(range.min)
+                                 : numberText(range.min) + " .. " + numberText(range.max);
+}
+
+/// Returns the values that are foreground, and prints them.
+ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
+    ValueRange const found = computeValueRange(volume, options.source.path.string());
+    bool const isAutomatic = !options.min && !options.max;
+    if (isAutomatic && found.min == found.max) {
+        throw UserError(options.source.path.string() +
+                        ": expected two different values to choose --min between, found " + numberText(found.min) +
+                        " alone");
+    }
+    // An upper bound alone asks for everything below it.
+    double const min = options.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : found.min);
+    ValueRange const range{min, options.max.value_or(std::numeric_limits<double>::infinity())};
+    std::cout << "values      " << rangeText(range) << " of " << numberText(found.min) << " .. "
+              << numberText(found.max) << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
+    return range;
+}
+
+Volume readSource(RenderOptions const& options) {
+    Volume volume = [&options] {
+        Progress progress("reading");
+        return readVolume(options.source, progress);
+    }();
+    std::cout << "volume      " << text(volume.size, " x ") << ", " << scalarTypeName(volume.image->GetScalarType())
+              << ", spacing " << volume.spacing[0] << " x " << volume.spacing[1] << " x " << volume.spacing[2] << "\n";
+    return volume;
+}
+
+Scan threshold(RenderOptions const& options, Volume const& volume, Box const& box) {
+    ValueRange const range = chooseRange(options, volume);
+    BinaryVolume binary = [&] {
+        Progress progress("threshold");
+        return makeBinaryVolume(volume, range, box, progress);
+    }();
+    Scan scan{std::move(binary),
+              {box.first[0], box.first[1], box.first[2]},
+              {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1},
+              static_cast<unsigned int>(options.step)};
+    if (scan.binary.foreground == 0) {
+        throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
+                        " (--min, --max), found none");
+    }
+    std::cout << "foreground  " << scan.binary.foreground << " voxels\n";
+    return scan;
+}
+
+void makeObjects(RenderOptions const& options, GLObjectList& objects) {
+    try {
+        GLObjectListForNeighborhood(options.neighborhood, objects);
+    } catch (TamoException const& error) {
+        throw UserError("--neighborhood " + options.neighborhoodName + ": " + error.what());
+    }
+}
+
+GLDataInfo count(RenderOptions const& options, Scan const& scan, GLObjectList const& objects) {
+    GLDataInfo info;
+    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
+                  info);
+    if (info.primitives() == 0) {
+        throw UserError("--step " + std::to_string(options.step) + ": expected a step that meets the foreground");
+    }
+    std::cout << "surface     " << options.neighborhoodName << ", step " << options.step << ": " << info.primitives()
+              << " primitives, " << info.triangles() << " triangles, " << info.vertices() << " vertices\n";
+    return info;
+}
+
+GLuint compile(Scan const& scan, GLObjectList const& objects, GLDataInfo const& info) {
+    Progress progress("scanning");
+    GLuint const list = glGenLists(1);
+    GLPolygonConsumer consumer(static_cast<int>(list));
+    ProgressAggregator aggregator(consumer, info.primitives(), progress);
+    if (!wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
+                    aggregator)) {
+        throw UserError("not enough memory for the surface");
+    }
+    return list;
+}
+
+int chooseSamples(PictureSize size) {
+    // What Mesa's software rasteriser can draw, and every hardware of the last ten years.
+    constexpr int kMaxSide = 16384;
+    int const samples = pixelSamples(size, kMaxSide);
+    if (samples == 0) {
+        throw UserError("--size " + std::to_string(size.width) + "x" + std::to_string(size.height) +
+                        ": expected at most " + std::to_string(kMaxSide) + " pixels a side");
+    }
+    return samples;
+}
+
+} // namespace
+
+namespace tamo {
+
+void renderVolume(RenderOptions const& options) {
+    StageTimer timer;
+    int const samples = chooseSamples(options.size);
+    PictureFile file(options.output);
+
+    // The list comes first: a system that cannot be built should not wait for the volume.
+    GLObjectList objects;
+    timer.run("object list", [&] { makeObjects(options, objects); });
+    Volume volume = timer.run("read", [&] { return readSource(options); });
+    Box const box = chooseBox(options, volume.size);
+    Scan const scan = timer.run("threshold", [&] { return threshold(options, volume, box); });
+    // Size, spacing and axes are still needed, the voxels are not.
+    volume.image = nullptr;
+    GLDataInfo const info = timer.run("count", [&] { return count(options, scan, objects); });
+
+    OffscreenContext const context(options.size.width * samples, options.size.height * samples);
+    GLuint const list = timer.run("scan", [&] { return compile(scan, objects, info); });
+    Picture const picture = timer.run("draw", [&] {
+        Camera const camera = frameForeground(scan.binary, volume, scan.step, options.view, options.size);
+        return drawSurface(list, camera, options.size, samples);
+    });
+    timer.run("write", [&] { file.write(picture); });
+    std::cout << "picture     " << options.output.string() << ", " << options.size.width << " x " << options.size.height
+              << "\n";
+    if (options.isVerbose) {
+        timer.print(std::cout);
+    }
+}
+
+} // namespace tamo

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include "Camera.h"
+
+#include <vector>
+
+namespace tamo {
+
+/// Holds a picture, 3 bytes (red, green, blue) a pixel, the bottom row first.
+struct Picture {
+    PictureSize size{};
+    std::vector<unsigned char> pixels;
+};
+
+/// Returns how many samples a side each pixel of a picture of that size is drawn with, for a machine whose pictures may
+/// measure `maxSide`; 0 where the picture itself is too large.
+int pixelSamples(PictureSize size, int maxSide);
+
+/// Draws a display list of a surface in the current context, lit from the viewer's upper left, and reads it back. The
+/// context's picture measures `samples` times `size`. Throws `UserError` where OpenGL reports an error.
+Picture drawSurface(unsigned int displayList, Camera const& camera, PictureSize size, int samples);
+
+} // namespace tamo

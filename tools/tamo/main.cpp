@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "CommandLine.h"
+#include "InfoCommand.h"
+#include "Interruption.h"
+#include "UserError.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <new>
+
+namespace {
+
+int fail(std::string message) {
+    // One report is one line, whatever a library or a file name has put into it.
+    std::replace(message.begin(), message.end(), '\n', ' ');
+    std::cerr << "tamo: " << message << "\n";
+    return EXIT_FAILURE;
+}
+
+void run(tamo::Request const& request) {
+    if (auto const* const info = std::get_if<tamo::InfoOptions>(&request)) {
+        tamo::printVolumeInfo(info->source);
+    } else if (auto const* const render = std::get_if<tamo::RenderOptions>(&request)) {
+        tamo::renderVolume(*render);
+    }
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    tamo::installInterruption();
+    try {
+        run(tamo::parseCommandLine(argumentCount, arguments));
+    } catch (std::bad_alloc const&) {
+        return fail("not enough memory for this volume; a larger --step makes a smaller surface");
+    } catch (std::exception const& error) {
+        return fail(error.what());
+    }
+    std::cout.flush();
+    return std::cout ? EXIT_SUCCESS : fail("standard output: expected to be writable");
+}
