@@ -90,7 +90,7 @@ TEST_F(Atlas, FillsTheCornersOfTheForegroundAlone) {
     Inks const all = inksOf(sheet, 2 * kTile, 0, kTile);
     EXPECT_GT(one.dark, none.dark);
     EXPECT_GT(all.dark, one.dark);
-    EXPECT_NEAR(one.white, none.white * 7 / 8, none.white / 40);
+    EXPECT_NEAR(one.white, 0.875 * none.white, 0.025 * none.white);
     EXPECT_EQ(all.white, 0);
 }
 

@@ -92,7 +92,8 @@ AtlasSheet::AtlasSheet(std::vector<AtlasTile> const& tiles, std::size_t columns,
                        int samples)
     : _columns(columns), _axes(screenAxes(view)) {
     placeCamera((tiles.size() + columns - 1) / columns, size);
-    _scale = _camera.projection[5] * size.height / 2 * samples;
+    double const unitsUp = 2 / _camera.projection[5];
+    _scale = size.height * samples / unitsUp;
 
     GLuint const polygons = compilePolygons(tiles);
     _list = glGenLists(1);
@@ -127,8 +128,10 @@ void AtlasSheet::placeCamera(std::size_t rows, PictureSize size) {
 }
 
 Vector3 AtlasSheet::centreOf(std::size_t tile) const {
-    return onScreen({0, 0, 0}, kTile * (static_cast<double>(tile % _columns) + 0.5),
-                    -kTile * (static_cast<double>(tile / _columns) + 0.5), 0);
+    std::size_t const row = tile / _columns;
+    std::size_t const column = tile % _columns;
+    return onScreen({0, 0, 0}, kTile * (static_cast<double>(column) + 0.5), -kTile * (static_cast<double>(row) + 0.5),
+                    0);
 }
 
 Vector3 AtlasSheet::onScreen(Vector3 const& origin, double right, double up, double nearer) const {
