@@ -16,7 +16,7 @@ TEST_F(GLConnFanStart, CornerShapeWithACentreIsAClosedFanEitherWay) {
         ConnArguments arguments = collect(0x07, 0xf8, inverted);
         ASSERT_TRUE(arguments.hasCentre);
         EXPECT_TRUE(handle(ConnHandler::kCase7, arguments));
-        GLPolygon const& fan = *object[object.size() - 1];
+        GLPolygon const& fan = *_object[_object.size() - 1];
         EXPECT_TRUE(fan.isFan() && fan.isClosed());
         EXPECT_EQ(fan.vertex(0), GLVec3f(0.5F, 0.5F, 0.5F));
     }
@@ -28,7 +28,7 @@ TEST_F(GLConnFanStart, CornerShapeStartsAtItsMiddleCorner) {
     EXPECT_EQ(order().front(), 5U);
     handle(ConnHandler::kCase7, collect(0xf4, 0x0b, true));
     EXPECT_EQ(order().front(), 5U);
-    EXPECT_EQ(desc.normal(0), GLVec3f(0, 0, -1));
+    EXPECT_EQ(_desc.normal(0), GLVec3f(0, 0, -1));
 }
 
 TEST_F(GLConnFanStart, CornerShapeIsFoundInTheAdjacencyOfItsSide) {
@@ -41,7 +41,7 @@ TEST_F(GLConnFanStart, CornerShapeIsFoundInTheAdjacencyOfItsSide) {
     add({4, 5, 0});
     handle(ConnHandler::kCase7, arguments);
     EXPECT_EQ(order().front(), 0U);
-    desc.count = 0;
+    _desc.count = 0;
     add({4, 5, 0});
     std::swap(arguments.fg, arguments.bg);
     arguments.inverted = true;
@@ -55,8 +55,8 @@ TEST_F(GLConnFanStart, CornerShapeStartsOnAFaceDiagonalWhereThereIsOne) {
     ConnArguments const arguments = collect(0x32, 0xcd, false);
     ASSERT_FALSE(arguments.hasCentre);
     handle(ConnHandler::kCase7, arguments);
-    EXPECT_EQ(conn.getVInfo(order().front()) & 7, 2U);
-    EXPECT_NE(conn.getConn(order().front()) & 0x20, 0);
+    EXPECT_EQ(_conn.getVInfo(order().front()) & 7, 2U);
+    EXPECT_NE(_conn.getConn(order().front()) & 0x20, 0);
 }
 
 TEST_F(GLConnFanStart, FaceDiagonalStartsAcrossItself) {
@@ -64,14 +64,14 @@ TEST_F(GLConnFanStart, FaceDiagonalStartsAcrossItself) {
     // Corners 0 and 3: vertices that look along z are at right angles to their diagonal.
     handle(ConnHandler::kFaceDiagonal, collect(0x09, 0xf6, false));
     EXPECT_EQ(order().front(), 4U);
-    EXPECT_EQ(desc.normal(0), GLVec3f(0, 0, 1));
+    EXPECT_EQ(_desc.normal(0), GLVec3f(0, 0, 1));
 }
 
 TEST_F(GLConnFanStart, FaceDiagonalStartsAtRightAnglesAlmostExactly) {
     // The diagonal is (-1, -1, 0): its products with the normals are 0.5, 0.00011 and 0.00009.
-    desc.addVertex(0, GLVec3f(-0.5F, 0, 0));
-    desc.addVertex(3, GLVec3f(0, -0.00011F, 1));
-    desc.addVertex(4, GLVec3f(0.00009F, 0, 1));
+    _desc.addVertex(0, GLVec3f(-0.5F, 0, 0));
+    _desc.addVertex(3, GLVec3f(0, -0.00011F, 1));
+    _desc.addVertex(4, GLVec3f(0.00009F, 0, 1));
     ConnArguments arguments;
     arguments.fg = 0x09;
     handle(ConnHandler::kFaceDiagonal, arguments);
@@ -86,22 +86,22 @@ TEST_F(GLConnFanStart, FaceDiagonalOfNothingStartsAtTheFirst) {
 }
 
 TEST_F(GLConnFanStart, EdgeHandlerSetsTheFanFlag) {
-    desc.strip = true;
+    _desc.strip = true;
     add({1, 2, 3});
     handle(ConnHandler::kEdge, {});
-    EXPECT_EQ(object[0]->type(), 6);
-    EXPECT_FALSE(object[0]->isStrip());
+    EXPECT_EQ(_object[0]->type(), 6);
+    EXPECT_FALSE(_object[0]->isStrip());
 }
 
 TEST_F(GLConnFanStart, DispatchSetsTheFanFlagAndFollowsTheInnerComponent) {
-    desc.strip = true;
+    _desc.strip = true;
     ConnArguments arguments;
-    arguments.info = GLConnAccess::collect(conn, desc, 0x01, 0xfe);
+    arguments.info = GLConnAccess::collect(_conn, _desc, 0x01, 0xfe);
     arguments.fg = 0x01;
     arguments.bg = 0xfe;
-    EXPECT_TRUE(GLConnAccess::dispatch(conn, object, desc, arguments));
-    EXPECT_TRUE(object[0]->isFan());
-    EXPECT_FALSE(object[0]->isStrip());
+    EXPECT_TRUE(GLConnAccess::dispatch(_conn, _object, _desc, arguments));
+    EXPECT_TRUE(_object[0]->isFan());
+    EXPECT_FALSE(_object[0]->isStrip());
 }
 
 TEST_F(GLConnFanStart, DispatchTakesTheInnerComponentUprightWhereTheTwoDoNotFillTheCell) {
@@ -111,7 +111,7 @@ TEST_F(GLConnFanStart, DispatchTakesTheInnerComponentUprightWhereTheTwoDoNotFill
     arguments.fg = 0x94;
     arguments.bg = 0x0b;
     add({4, 5, 0});
-    EXPECT_TRUE(GLConnAccess::dispatch(conn, object, desc, arguments));
+    EXPECT_TRUE(GLConnAccess::dispatch(_conn, _object, _desc, arguments));
     // Upright, the edges are looked for in the foreground, which has none.
     EXPECT_EQ(order().front(), 0U);
 }
@@ -125,7 +125,7 @@ TEST_F(GLConnFanStartDeathTest, CornerShapeWithoutItsMiddleVertexStopsAtTheBound
     arguments.info = 1;
     arguments.fg = 0xc8;
     arguments.bg = 0x37;
-    EXPECT_DEATH(GLConnAccess::handle(conn, ConnHandler::kCase7, object, desc, arguments), "");
+    EXPECT_DEATH(GLConnAccess::handle(_conn, ConnHandler::kCase7, _object, _desc, arguments), "");
 }
 
 } // namespace

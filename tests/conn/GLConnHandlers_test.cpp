@@ -11,40 +11,40 @@ using namespace tamo::test;
 class GLConnHandlers : public HandlerTest {};
 
 TEST_F(GLConnHandlers, CollectsTheLinksThatCrossOutward) {
-    EXPECT_EQ(GLConnAccess::collect(conn, desc, 0x01, 0xfe), 0x301U);
+    EXPECT_EQ(GLConnAccess::collect(_conn, _desc, 0x01, 0xfe), 0x301U);
     EXPECT_EQ(order(), (Links{0, 3, 4}));
-    EXPECT_EQ(desc.normal(0), GLVec3f(1, 0, 0));
-    EXPECT_EQ(desc.normal(1), GLVec3f(0, 1, 0));
-    EXPECT_EQ(desc.normal(2), GLVec3f(0, 0, 1));
+    EXPECT_EQ(_desc.normal(0), GLVec3f(1, 0, 0));
+    EXPECT_EQ(_desc.normal(1), GLVec3f(0, 1, 0));
+    EXPECT_EQ(_desc.normal(2), GLVec3f(0, 0, 1));
     // With the foreground at the other end the normals turn round.
-    EXPECT_EQ(GLConnAccess::collect(conn, desc, 0xfe, 0x01), 0x301U);
-    EXPECT_EQ(desc.normal(0), GLVec3f(-1, 0, 0));
-    EXPECT_EQ(desc.count, 3);
+    EXPECT_EQ(GLConnAccess::collect(_conn, _desc, 0xfe, 0x01), 0x301U);
+    EXPECT_EQ(_desc.normal(0), GLVec3f(-1, 0, 0));
+    EXPECT_EQ(_desc.count, 3);
 }
 
 TEST_F(GLConnHandlers, CollectsNothingBetweenComponentsThatDoNotTouch) {
     add({1, 2});
-    EXPECT_EQ(GLConnAccess::collect(conn, desc, 0x01, 0x80), 0U);
-    EXPECT_EQ(desc.count, 0);
+    EXPECT_EQ(GLConnAccess::collect(_conn, _desc, 0x01, 0x80), 0U);
+    EXPECT_EQ(_desc.count, 0);
 }
 
 TEST_F(GLConnHandlers, CollectsEveryKindOfLinkThatBothAdjacenciesShare) {
     setSystem(Neighborhood::N14I);
-    EXPECT_EQ(GLConnAccess::collect(conn, desc, 0x01, 0xfe), 0x307U);
+    EXPECT_EQ(GLConnAccess::collect(_conn, _desc, 0x01, 0xfe), 0x307U);
     EXPECT_EQ(order(), (Links{0, 3, 4, 13, 19, 22, 24}));
 }
 
 TEST_F(GLConnHandlers, CentreFanNeedsAVertex) {
     EXPECT_FALSE(handle(ConnHandler::kCase41, {}));
-    EXPECT_EQ(errors, "no vertex found\n");
-    EXPECT_EQ(object.size(), 0U);
+    EXPECT_EQ(_errors, "no vertex found\n");
+    EXPECT_EQ(_object.size(), 0U);
 }
 
 TEST_F(GLConnHandlers, CentreFanNeedsACentre) {
     add({0, 13, 4});
     EXPECT_FALSE(handle(ConnHandler::kCase41, {}));
-    EXPECT_EQ(errors, "no vertex found\n");
-    EXPECT_EQ(object.size(), 0U);
+    EXPECT_EQ(_errors, "no vertex found\n");
+    EXPECT_EQ(_object.size(), 0U);
     EXPECT_EQ(order(), (Links{0, 13, 4}));
 }
 
@@ -52,8 +52,8 @@ TEST_F(GLConnHandlers, CentreFanTurnsAboutTheNormalOfTheCentre) {
     setSystem(Neighborhood::N14I);
     ConnArguments const arguments = collect(0x29, 0xd6, false);
     EXPECT_TRUE(handle(ConnHandler::kCase41, arguments));
-    ASSERT_EQ(object.size(), 1U);
-    GLPolygon const& fan = *object[0];
+    ASSERT_EQ(_object.size(), 1U);
+    GLPolygon const& fan = *_object[0];
     EXPECT_TRUE(fan.isFan() && fan.isClosed() && fan.isCCW());
     EXPECT_EQ(fan.vertex(0), GLVec3f(0.5F, 0.5F, 0.5F));
     EXPECT_EQ(fan.vertex(1), fan.vertex(fan.size() - 1));
@@ -66,8 +66,8 @@ TEST_F(GLConnHandlers, PathWithoutASuitableVertexIsReported) {
     arguments.fg = 0xe4;
     arguments.bg = 0x1b;
     EXPECT_FALSE(handle(ConnHandler::kCase27, arguments));
-    EXPECT_EQ(errors, "no vertex found\n");
-    EXPECT_EQ(object.size(), 0U);
+    EXPECT_EQ(_errors, "no vertex found\n");
+    EXPECT_EQ(_object.size(), 0U);
 }
 
 TEST_F(GLConnHandlers, BentPathWithoutTheNormalIsReported) {
@@ -77,8 +77,8 @@ TEST_F(GLConnHandlers, BentPathWithoutTheNormalIsReported) {
     arguments.fg = 0x19;
     arguments.bg = 0xe6;
     EXPECT_FALSE(handle(ConnHandler::kCase25, arguments));
-    EXPECT_EQ(errors, "normal not found\n");
-    EXPECT_EQ(object.size(), 0U);
+    EXPECT_EQ(_errors, "normal not found\n");
+    EXPECT_EQ(_object.size(), 0U);
 }
 
 TEST_F(GLConnHandlers, SplitWithoutASharedFaceDiagonalMakesNothing) {
@@ -89,16 +89,16 @@ TEST_F(GLConnHandlers, SplitWithoutASharedFaceDiagonalMakesNothing) {
     arguments.fg = 0x8b;
     arguments.bg = 0x74;
     EXPECT_TRUE(handle(ConnHandler::kCase27, arguments));
-    EXPECT_EQ(errors, "");
-    EXPECT_EQ(object.size(), 0U);
+    EXPECT_EQ(_errors, "");
+    EXPECT_EQ(_object.size(), 0U);
 }
 
 TEST_F(GLConnHandlers, SpaceDiagonalOfSixEndsWhereItBegan) {
     ConnArguments const arguments = collect(0x7e, 0x81, true);
-    ASSERT_EQ(desc.count, 6);
+    ASSERT_EQ(_desc.count, 6);
     EXPECT_TRUE(handle(ConnHandler::kSpaceDiagonal, arguments));
-    ASSERT_EQ(object.size(), 1U);
-    GLPolygon const& strip = *object[0];
+    ASSERT_EQ(_object.size(), 1U);
+    GLPolygon const& strip = *_object[0];
     ASSERT_EQ(strip.size(), 8U);
     EXPECT_EQ(strip.vertex(6), strip.vertex(0));
     EXPECT_EQ(strip.vertex(7), strip.vertex(1));
@@ -114,8 +114,8 @@ TEST_F(GLConnHandlers, InvertedSpaceDiagonalOfSixTurnsTheOtherWay) {
     plainOne.fg = 0x81;
     plainOne.bg = 0x7e;
     handle(ConnHandler::kSpaceDiagonal, plainOne);
-    GLPolygon const& inverted = *object[0];
-    GLPolygon const& upright = *object[1];
+    GLPolygon const& inverted = *_object[0];
+    GLPolygon const& upright = *_object[1];
     EXPECT_EQ(upright.vertex(0), inverted.vertex(0));
     for (unsigned int k = 1; k < 6; ++k) {
         EXPECT_EQ(upright.vertex(k), inverted.vertex(6 - k));
@@ -128,8 +128,8 @@ TEST_F(GLConnHandlers, RingLosesTheFirstEdgeForAnExtraVertex) {
     arguments.fg = 0x81;
     arguments.bg = 0x7e;
     EXPECT_TRUE(handle(ConnHandler::kSpaceDiagonal, arguments));
-    EXPECT_EQ(desc.conn.size(), 27U);
-    ASSERT_EQ(object[0]->size(), 6U);
+    EXPECT_EQ(_desc.conn.size(), 27U);
+    ASSERT_EQ(_object[0]->size(), 6U);
     // The first edge led the ring; only its repetition is left, and no longer in front.
     Links const links = order();
     EXPECT_NE(links.front(), 0U);
@@ -142,8 +142,8 @@ TEST_F(GLConnHandlers, RingWithoutTheFirstEdgeKeepsTheExtraVertex) {
     arguments.fg = 0x81;
     arguments.bg = 0x7e;
     EXPECT_TRUE(handle(ConnHandler::kSpaceDiagonal, arguments));
-    EXPECT_EQ(desc.conn.size(), 28U);
-    EXPECT_EQ(object[0]->size(), 8U);
+    EXPECT_EQ(_desc.conn.size(), 28U);
+    EXPECT_EQ(_object[0]->size(), 8U);
 }
 
 } // namespace

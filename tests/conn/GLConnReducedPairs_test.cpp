@@ -23,7 +23,7 @@ class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig>
     void compare(unsigned int fg, unsigned int bg, std::vector<unsigned int> const& missingLinks) {
         std::optional<PlainCell> cell;
         try {
-            cell = plain.buildWithout(fg, bg, missingLinks);
+            cell = _plain.buildWithout(fg, bg, missingLinks);
         } catch (std::exception const&) {
             return;
         }
@@ -35,7 +35,7 @@ class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig>
         ASSERT_EQ(object.size(), cell->polygons.size());
         for (unsigned int i = 0; i < object.size(); ++i) {
             ASSERT_TRUE(samePolygon(*object[i], cell->polygons[i]));
-            ++polygons;
+            ++_polygons;
         }
     }
 
@@ -58,8 +58,8 @@ class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig>
 
     void dispatchWithout(GLObject& object, unsigned char fg, unsigned char bg,
                          std::vector<unsigned int> const& missingLinks) {
-        GLPolygonDesc desc(GLConnAccess::midpoints(conn), 28);
-        GLConnAccess::collect(conn, desc, fg, bg);
+        GLPolygonDesc desc(GLConnAccess::midpoints(_conn), 28);
+        GLConnAccess::collect(_conn, desc, fg, bg);
         for (unsigned int const link : missingLinks) {
             desc.removeVertex(static_cast<unsigned char>(link));
         }
@@ -67,34 +67,34 @@ class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig>
         arguments.fg = fg;
         arguments.bg = bg;
         for (unsigned int k = 0; k < desc.count; ++k) {
-            arguments.info |= conn.getVInfo(desc.conn[k]);
+            arguments.info |= _conn.getVInfo(desc.conn[k]);
         }
-        GLConnAccess::dispatch(conn, object, desc, arguments);
+        GLConnAccess::dispatch(_conn, object, desc, arguments);
     }
 
     /// Returns the numbers of the links between two components.
     std::vector<unsigned int> linksBetween(unsigned int fg, unsigned int bg) {
-        GLPolygonDesc desc(GLConnAccess::midpoints(conn), 28);
-        GLConnAccess::collect(conn, desc, static_cast<unsigned char>(fg), static_cast<unsigned char>(bg));
+        GLPolygonDesc desc(GLConnAccess::midpoints(_conn), 28);
+        GLConnAccess::collect(_conn, desc, static_cast<unsigned char>(fg), static_cast<unsigned char>(bg));
         return {desc.conn.begin(), desc.conn.begin() + desc.count};
     }
 
-    GLConn conn{GetParam()};
-    PlainBuilder plain{GetParam()};
-    unsigned int polygons = 0;
+    GLConn _conn{GetParam()};
+    PlainBuilder _plain{GetParam()};
+    unsigned int _polygons = 0;
 };
 
 TEST_P(GLConnReducedPairs, EqualTheSlowBuilderBitForBit) {
     TextCapture const errors(std::cerr);
     for (unsigned int configuration = 1; configuration < 255 && !HasFatalFailure(); ++configuration) {
-        for (unsigned int const fg : plainComponents(configuration, plain.adjacency().foreground)) {
-            for (unsigned int const bg : plainComponents(255 - configuration, plain.adjacency().background)) {
+        for (unsigned int const fg : plainComponents(configuration, _plain.adjacency().foreground)) {
+            for (unsigned int const bg : plainComponents(255 - configuration, _plain.adjacency().background)) {
                 SCOPED_TRACE(configuration);
                 compareWithFewer(fg, bg);
             }
         }
     }
-    EXPECT_GT(polygons, 2000U);
+    EXPECT_GT(_polygons, 2000U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, GLConnReducedPairs,

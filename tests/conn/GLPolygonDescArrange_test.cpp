@@ -20,114 +20,114 @@ class ArrangeSquare : public testing::Test {
   protected:
     void add(Links const& links, Plain3 normal = {0, 0, 1}) {
         for (unsigned int const link : links) {
-            twins.add(link, normal);
+            _twins.add(link, normal);
         }
     }
 
     void expectOrder(Links const& links) {
-        EXPECT_EQ(twins.order(), links);
-        twins.expectEqual();
+        EXPECT_EQ(_twins.order(), links);
+        _twins.expectEqual();
     }
 
-    Twins twins{squarePoints()};
+    Twins _twins{squarePoints()};
 };
 
 TEST_F(ArrangeSquare, TurnsCounterClockwiseAboutTheMeanNormal) {
     add({0, 3, 2, 1});
-    twins.arrange(0, 0, false);
+    _twins.arrange(0, 0, false);
     expectOrder({0, 1, 2, 3});
-    EXPECT_FALSE(twins.desc.hasCentre);
-    EXPECT_FALSE(twins.desc.closed);
-    EXPECT_TRUE(twins.desc.ccw);
+    EXPECT_FALSE(_twins.desc.hasCentre);
+    EXPECT_FALSE(_twins.desc.closed);
+    EXPECT_TRUE(_twins.desc.ccw);
 }
 
 TEST_F(ArrangeSquare, TurnsTheOtherWayAboutTheOppositeNormal) {
     add({0, 3, 2, 1}, {0, 0, -1});
-    twins.arrange(0, 0, false);
+    _twins.arrange(0, 0, false);
     expectOrder({0, 3, 2, 1});
 }
 
 TEST_F(ArrangeSquare, GivenNormalOverridesTheMean) {
     add({0, 3, 2, 1});
-    twins.arrange(0, 0, false, Plain3{0, 0, -5});
+    _twins.arrange(0, 0, false, Plain3{0, 0, -5});
     expectOrder({0, 3, 2, 1});
 }
 
 TEST_F(ArrangeSquare, StartsAtTheFirstVertexAskedFor) {
     add({0, 3, 2, 1});
-    twins.arrange(2, 0, false);
+    _twins.arrange(2, 0, false);
     expectOrder({2, 3, 0, 1});
 }
 
 TEST_F(ArrangeSquare, SecondIsSortedWhereThereIsNoCentre) {
     add({0, 1, 2, 3});
-    twins.arrange(0, 3, false);
+    _twins.arrange(0, 3, false);
     expectOrder({0, 1, 2, 3});
 }
 
 TEST_F(ArrangeSquare, VertexOnTheCentroidLeadsAndTheStartFollows) {
     add({3, 1, 0, 4, 2});
-    twins.arrange(0, 0, false);
+    _twins.arrange(0, 0, false);
     expectOrder({4, 3, 0, 1, 2});
-    EXPECT_TRUE(twins.desc.hasCentre);
-    EXPECT_FALSE(twins.desc.closed);
+    EXPECT_TRUE(_twins.desc.hasCentre);
+    EXPECT_FALSE(_twins.desc.closed);
 }
 
 TEST_F(ArrangeSquare, SecondStaysBehindTheStartWhereThereIsACentre) {
     add({3, 1, 0, 2, 4});
-    twins.arrange(0, 3, false);
+    _twins.arrange(0, 3, false);
     expectOrder({4, 3, 2, 0, 1});
 }
 
 TEST_F(ArrangeSquare, CentreThatStandsFirstIsTheReferenceItself) {
     // No turn about itself is a number: nothing moves.
     add({4, 3, 1, 2, 0});
-    twins.arrange(0, 0, true);
+    _twins.arrange(0, 0, true);
     expectOrder({4, 3, 1, 2, 0, 3});
-    EXPECT_TRUE(twins.desc.hasCentre);
+    EXPECT_TRUE(_twins.desc.hasCentre);
 }
 
 TEST_F(ArrangeSquare, CellCentreCountsAsCentre) {
     add({0, 1, 5, 2, 3});
-    twins.arrange(0, 0, true);
-    EXPECT_EQ(twins.order().front(), 5U);
-    EXPECT_TRUE(twins.desc.hasCentre);
-    twins.expectEqual();
+    _twins.arrange(0, 0, true);
+    EXPECT_EQ(_twins.order().front(), 5U);
+    EXPECT_TRUE(_twins.desc.hasCentre);
+    _twins.expectEqual();
 }
 
 TEST_F(ArrangeSquare, ClosingRepeatsTheSecondVertexOfAFan) {
     add({0, 3, 2, 1});
-    twins.setFan(true);
-    twins.arrange(0, 0, true);
+    _twins.setFan(true);
+    _twins.arrange(0, 0, true);
     expectOrder({0, 1, 2, 3, 1});
-    EXPECT_TRUE(twins.desc.closed);
-    EXPECT_EQ(twins.desc.normalIndex[4], twins.desc.normalIndex[1]);
+    EXPECT_TRUE(_twins.desc.closed);
+    EXPECT_EQ(_twins.desc.normalIndex[4], _twins.desc.normalIndex[1]);
 }
 
 TEST_F(ArrangeSquare, ClosingNeedsAFanOrACentre) {
     add({0, 3, 2, 1});
-    twins.arrange(0, 0, true);
+    _twins.arrange(0, 0, true);
     expectOrder({0, 1, 2, 3});
-    EXPECT_FALSE(twins.desc.closed);
+    EXPECT_FALSE(_twins.desc.closed);
 }
 
 TEST_F(ArrangeSquare, CentreClosesWithoutTheFanFlag) {
     add({3, 1, 0, 4, 2});
-    twins.arrange(0, 0, true);
+    _twins.arrange(0, 0, true);
     expectOrder({4, 3, 0, 1, 2, 3});
-    EXPECT_TRUE(twins.desc.closed);
-    EXPECT_FALSE(twins.desc.fan);
+    EXPECT_TRUE(_twins.desc.closed);
+    EXPECT_FALSE(_twins.desc.fan);
 }
 
 TEST_F(ArrangeSquare, SecondArrangementClearsClosedAndCentre) {
     add({3, 1, 0, 4, 2});
-    twins.arrange(0, 0, true);
-    twins.desc.removeVertex(4);
-    twins.plain.remove(4);
-    twins.arrange(0, 0, false);
-    EXPECT_FALSE(twins.desc.closed);
-    EXPECT_FALSE(twins.desc.hasCentre);
-    twins.expectEqual();
+    _twins.arrange(0, 0, true);
+    _twins.desc.removeVertex(4);
+    _twins.plain.remove(4);
+    _twins.arrange(0, 0, false);
+    EXPECT_FALSE(_twins.desc.closed);
+    EXPECT_FALSE(_twins.desc.hasCentre);
+    _twins.expectEqual();
 }
 
 TEST_F(ArrangeSquare, OppositeVertexStandsAtHalfATurnWhateverTheRounding) {
@@ -145,10 +145,10 @@ TEST_F(ArrangeSquare, OppositeVertexStandsAtHalfATurnWhateverTheRounding) {
 
 TEST_F(ArrangeSquare, EqualAnglesKeepTheirOrder) {
     add({0, 2, 1, 1, 3, 1}, {0, 0, 1});
-    twins.arrange(0, 0, false);
-    Links const slots(twins.desc.normalIndex.begin(), twins.desc.normalIndex.begin() + 6);
-    EXPECT_EQ(twins.order(), (Links{0, 1, 1, 1, 2, 3}));
-    twins.expectEqual();
+    _twins.arrange(0, 0, false);
+    Links const slots(_twins.desc.normalIndex.begin(), _twins.desc.normalIndex.begin() + 6);
+    EXPECT_EQ(_twins.order(), (Links{0, 1, 1, 1, 2, 3}));
+    _twins.expectEqual();
 }
 
 TEST_F(ArrangeSquare, NormalOfTheCentreStandsInForAZeroMean) {
@@ -156,8 +156,8 @@ TEST_F(ArrangeSquare, NormalOfTheCentreStandsInForAZeroMean) {
     add({3, 1, 0}, {0, 0, 1e25F});
     add({4}, {0, 0, -1});
     add({2}, {0, 0, 1e25F});
-    twins.arrange(0, 0, false);
-    EXPECT_EQ(twins.desc.meanNormal, GLVec3f());
+    _twins.arrange(0, 0, false);
+    EXPECT_EQ(_twins.desc.meanNormal, GLVec3f());
     expectOrder({4, 3, 2, 1, 0});
 }
 
@@ -165,8 +165,8 @@ TEST_F(ArrangeSquare, MeanThatIsNoNumberIsKept) {
     add({3, 1, 0}, {0, 0, 0});
     add({4}, {0, 0, 1});
     add({2}, {0, 0, -1});
-    twins.arrange(0, 0, false);
-    EXPECT_TRUE(std::isnan(twins.desc.meanNormal.z));
+    _twins.arrange(0, 0, false);
+    EXPECT_TRUE(std::isnan(_twins.desc.meanNormal.z));
     // Nothing compares with a turn that is no number.
     expectOrder({4, 3, 0, 1, 2});
 }

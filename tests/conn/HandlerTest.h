@@ -18,40 +18,40 @@ class HandlerTest : public testing::Test {
   protected:
     using Links = std::vector<unsigned int>;
 
-    void setSystem(Neighborhood::NHConfig config) { conn.setupConn(config); }
+    void setSystem(Neighborhood::NHConfig config) { _conn.setupConn(config); }
 
     /// Fills the descriptor with the links between two components, as the builder does.
     ConnArguments collect(unsigned char fg, unsigned char bg, bool inverted) {
         ConnArguments arguments;
-        arguments.info = GLConnAccess::collect(conn, desc, fg, bg);
+        arguments.info = GLConnAccess::collect(_conn, _desc, fg, bg);
         arguments.fg = fg;
         arguments.bg = bg;
         arguments.inverted = inverted;
         arguments.hasCentre = (arguments.info & 4) != 0;
-        desc.fan = true;
-        desc.strip = false;
+        _desc.fan = true;
+        _desc.strip = false;
         return arguments;
     }
 
     void add(Links const& links) {
         for (unsigned int const link : links) {
-            desc.addVertex(static_cast<unsigned char>(link), conn.getNormal(link, true));
+            _desc.addVertex(static_cast<unsigned char>(link), _conn.getNormal(link, true));
         }
     }
 
     bool handle(ConnHandler handler, ConnArguments const& arguments) {
         TextCapture const capture(std::cerr);
-        bool const result = GLConnAccess::handle(conn, handler, object, desc, arguments);
-        errors = capture.text();
+        bool const result = GLConnAccess::handle(_conn, handler, _object, _desc, arguments);
+        _errors = capture.text();
         return result;
     }
 
-    [[nodiscard]] Links order() const { return {desc.conn.begin(), desc.conn.begin() + desc.count}; }
+    [[nodiscard]] Links order() const { return {_desc.conn.begin(), _desc.conn.begin() + _desc.count}; }
 
-    GLConn conn;
-    GLPolygonDesc desc{GLConnAccess::midpoints(conn), 28};
-    GLObject object;
-    std::string errors;
+    GLConn _conn;
+    GLPolygonDesc _desc{GLConnAccess::midpoints(_conn), 28};
+    GLObject _object;
+    std::string _errors;
 };
 
 } // namespace tamo::test

@@ -20,9 +20,9 @@ struct ListCase {
     char const* name;
     Neighborhood::NHConfig config;
     std::uint64_t digest;
-};
 
-void PrintTo(ListCase const& listCase, std::ostream* out) { *out << listCase.name; }
+    friend std::ostream& operator<<(std::ostream& out, ListCase const& listCase) { return out << listCase.name; }
+};
 
 std::uint64_t digestOf(GLObjectList const& list) {
     Digest digest;

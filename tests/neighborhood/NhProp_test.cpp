@@ -14,8 +14,8 @@
 namespace tamo::test {
 
 struct NhPropHigherCorner {
-    using type = std::vector<unsigned char> NhProp::*;
-    friend type access(NhPropHigherCorner /*tag*/);
+    using Type = std::vector<unsigned char> NhProp::*;
+    friend Type access(NhPropHigherCorner /*tag*/);
 };
 template struct PrivateAccess<NhPropHigherCorner, &NhProp::_p1>;
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <cstddef>
 #include <cstdlib>
 
 namespace tamo::test {
@@ -96,7 +97,8 @@ VoxelSet::VoxelSet(Triple const& size)
                             static_cast<std::size_t>(size[2])) {}
 
 std::size_t VoxelSet::index(Triple const& voxel) const {
-    return static_cast<std::size_t>(voxel[0] + _size[0] * (voxel[1] + _size[1] * voxel[2]));
+    std::ptrdiff_t const row = voxel[1] + std::ptrdiff_t{_size[1]} * voxel[2];
+    return static_cast<std::size_t>(voxel[0] + _size[0] * row);
 }
 
 bool VoxelSet::has(Triple const& voxel) const {

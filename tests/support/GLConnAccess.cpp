@@ -9,85 +9,85 @@ namespace tamo::test {
 using Handler = bool (GLConn::*)(GLObject*, GLPolygonDesc&, unsigned int, unsigned char, unsigned char, bool, bool);
 
 struct ConnHandleDefault {
-    using type = Handler;
-    friend type access(ConnHandleDefault /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleDefault /*tag*/);
 };
 struct ConnHandleEdge {
-    using type = Handler;
-    friend type access(ConnHandleEdge /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleEdge /*tag*/);
 };
 struct ConnHandleFaceDiagonal {
-    using type = Handler;
-    friend type access(ConnHandleFaceDiagonal /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleFaceDiagonal /*tag*/);
 };
 struct ConnHandleSpaceDiagonal {
-    using type = Handler;
-    friend type access(ConnHandleSpaceDiagonal /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleSpaceDiagonal /*tag*/);
 };
 struct ConnHandlePixel {
-    using type = Handler;
-    friend type access(ConnHandlePixel /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandlePixel /*tag*/);
 };
 struct ConnHandleCase7 {
-    using type = Handler;
-    friend type access(ConnHandleCase7 /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleCase7 /*tag*/);
 };
 struct ConnHandleCase25 {
-    using type = Handler;
-    friend type access(ConnHandleCase25 /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleCase25 /*tag*/);
 };
 struct ConnHandleCase27 {
-    using type = Handler;
-    friend type access(ConnHandleCase27 /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleCase27 /*tag*/);
 };
 struct ConnHandleCase41 {
-    using type = Handler;
-    friend type access(ConnHandleCase41 /*tag*/);
+    using Type = Handler;
+    friend Type access(ConnHandleCase41 /*tag*/);
 };
 struct ConnDispatch {
-    using type = bool (GLConn::*)(GLObject*, GLPolygonDesc&, unsigned int, unsigned char, unsigned char);
-    friend type access(ConnDispatch /*tag*/);
+    using Type = bool (GLConn::*)(GLObject*, GLPolygonDesc&, unsigned int, unsigned char, unsigned char);
+    friend Type access(ConnDispatch /*tag*/);
 };
 struct ConnCollect {
-    using type = unsigned int (GLConn::*)(GLPolygonDesc&, unsigned char, unsigned char);
-    friend type access(ConnCollect /*tag*/);
+    using Type = unsigned int (GLConn::*)(GLPolygonDesc&, unsigned char, unsigned char);
+    friend Type access(ConnCollect /*tag*/);
 };
 struct ConnCaseLut {
-    using type = std::vector<unsigned int> GLConn::*;
-    friend type access(ConnCaseLut /*tag*/);
+    using Type = std::vector<unsigned int> GLConn::*;
+    friend Type access(ConnCaseLut /*tag*/);
 };
 struct ConnPrintCaseLut {
-    using type = void (GLConn::*)(int);
-    friend type access(ConnPrintCaseLut /*tag*/);
+    using Type = void (GLConn::*)(int);
+    friend Type access(ConnPrintCaseLut /*tag*/);
 };
 struct ConnMidpoints {
-    using type = std::vector<GLVec3f> NhProp::*;
-    friend type access(ConnMidpoints /*tag*/);
+    using Type = std::vector<GLVec3f> NhProp::*;
+    friend Type access(ConnMidpoints /*tag*/);
 };
 struct ConnEpsilon {
-    using type = float const*;
-    friend type access(ConnEpsilon /*tag*/);
+    using Type = float const*;
+    friend Type access(ConnEpsilon /*tag*/);
 };
 template <unsigned int N> using ShapeList = unsigned char const (*)[N];
 struct ConnCase7 {
-    using type = ShapeList<24>;
-    friend type access(ConnCase7 /*tag*/);
+    using Type = ShapeList<24>;
+    friend Type access(ConnCase7 /*tag*/);
 };
 struct ConnCase25 {
-    using type = ShapeList<24>;
-    friend type access(ConnCase25 /*tag*/);
+    using Type = ShapeList<24>;
+    friend Type access(ConnCase25 /*tag*/);
 };
 struct ConnCase27 {
-    using type = ShapeList<24>;
-    friend type access(ConnCase27 /*tag*/);
+    using Type = ShapeList<24>;
+    friend Type access(ConnCase27 /*tag*/);
 };
 struct ConnCase41 {
-    using type = ShapeList<3>;
-    friend type access(ConnCase41 /*tag*/);
+    using Type = ShapeList<3>;
+    friend Type access(ConnCase41 /*tag*/);
 };
 struct ConnCase75 {
-    using type = ShapeList<9>;
-    friend type access(ConnCase75 /*tag*/);
+    using Type = ShapeList<9>;
+    friend Type access(ConnCase75 /*tag*/);
 };
 
 template struct PrivateAccess<ConnHandleDefault, &GLConn::handleDefault>;

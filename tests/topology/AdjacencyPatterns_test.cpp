@@ -60,10 +60,10 @@ VoxelSet pairInBlock(Triple const& step, bool isForeground) {
 class AdjacencyPatterns : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
     [[nodiscard]] SurfaceTopology topologyOf(VoxelSet const& set) const {
-        return {ScannedSurface(set.volume(), set.size(), objects.list()), GetParam() == Neighborhood::N6};
+        return {ScannedSurface(set.volume(), set.size(), _objects.list()), GetParam() == Neighborhood::N6};
     }
 
-    SystemList objects{GetParam()};
+    SystemList _objects{GetParam()};
 };
 
 TEST_P(AdjacencyPatterns, TwoVoxelsThatShareAFaceAreOne) {

@@ -126,13 +126,13 @@ std::set<HalfTriangle> asSet(std::vector<HalfTriangle> triangles) {
 
 class FanStart : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
-    OpenCases cases{GetParam()};
+    OpenCases _cases{GetParam()};
 };
 
 TEST_P(FanStart, TrianglesFollowTheLinksAndKeepOffTheFaces) {
-    EXPECT_FALSE(cases.configurations.empty());
-    for (unsigned int const configuration : cases.configurations) {
-        GLObject const& object = cases[configuration];
+    EXPECT_FALSE(_cases.configurations.empty());
+    for (unsigned int const configuration : _cases.configurations) {
+        GLObject const& object = _cases[configuration];
         EXPECT_TRUE(isGood(drawnTriangles(object), linkNormals(object))) << configuration;
     }
 }
@@ -143,11 +143,11 @@ INSTANTIATE_TEST_SUITE_P(Systems, FanStart, testing::Values(Neighborhood::N6, Ne
 class FanStartOfEdges : public FanStart {};
 
 TEST_P(FanStartOfEdges, ExactlyOneApexServesTheSevenVerticesOfABentPath) {
-    std::vector<unsigned int> const heptagons = cases.having(/*polygons=*/2, /*vertices=*/7);
+    std::vector<unsigned int> const heptagons = _cases.having(/*polygons=*/2, /*vertices=*/7);
     EXPECT_EQ(heptagons.size(), 24U);
     for (unsigned int const configuration : heptagons) {
         SCOPED_TRACE(configuration);
-        GLObject const& object = cases[configuration];
+        GLObject const& object = _cases[configuration];
         Outline const ring = ringOf(outlineOf(drawnTriangles(object)));
         std::vector<std::size_t> const starts = goodStarts(ring, linkNormals(object));
         ASSERT_EQ(starts.size(), 1U);
@@ -158,11 +158,11 @@ TEST_P(FanStartOfEdges, ExactlyOneApexServesTheSevenVerticesOfABentPath) {
 }
 
 TEST_P(FanStartOfEdges, FourOfSixStartsServeAPathOfThreeEdges) {
-    std::vector<unsigned int> const hexagons = cases.having(/*polygons=*/1, /*vertices=*/6);
+    std::vector<unsigned int> const hexagons = _cases.having(/*polygons=*/1, /*vertices=*/6);
     EXPECT_EQ(hexagons.size(), 24U);
     for (unsigned int const configuration : hexagons) {
         SCOPED_TRACE(configuration);
-        GLObject const& object = cases[configuration];
+        GLObject const& object = _cases[configuration];
         Outline const ring = ringOf(outlineOf(drawnTriangles(object)));
         std::vector<std::size_t> const starts = goodStarts(ring, linkNormals(object));
         EXPECT_EQ(starts.size(), 4U);
@@ -172,7 +172,7 @@ TEST_P(FanStartOfEdges, FourOfSixStartsServeAPathOfThreeEdges) {
     }
 }
 
-TEST_P(FanStartOfEdges, NothingElseIsOpen) { EXPECT_EQ(cases.configurations.size(), 48U); }
+TEST_P(FanStartOfEdges, NothingElseIsOpen) { EXPECT_EQ(_cases.configurations.size(), 48U); }
 
 INSTANTIATE_TEST_SUITE_P(Systems, FanStartOfEdges, testing::Values(Neighborhood::N6, Neighborhood::N26),
                          [](auto const& system) { return std::string(systemName(system.param)); });

@@ -14,14 +14,14 @@ using namespace tamo::test;
 
 class LocalSurface : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
-    SystemList objects{GetParam()};
+    SystemList _objects{GetParam()};
 };
 
 TEST_P(LocalSurface, EdgesInsideTheCellBelongToTwoTriangles) {
     for (unsigned int configuration = 0; configuration < 256; ++configuration) {
         SCOPED_TRACE(configuration);
         std::map<HalfEdge, int> uses;
-        for (HalfTriangle const& triangle : drawnTriangles(objects[configuration])) {
+        for (HalfTriangle const& triangle : drawnTriangles(_objects[configuration])) {
             for (std::size_t i = 0; i < 3; ++i) {
                 ++uses[{triangle[i], triangle[(i + 1) % 3]}];
             }
@@ -72,7 +72,7 @@ TEST_P(LocalSurface, OutlineOnAFaceFollowsFromItsFourSamples) {
     for (std::size_t axis = 0; axis < 3; ++axis) {
         std::map<unsigned int, std::vector<HalfEdge>> outlines;
         for (unsigned int configuration = 0; configuration < 256; ++configuration) {
-            std::vector<HalfTriangle> const triangles = drawnTriangles(objects[configuration]);
+            std::vector<HalfTriangle> const triangles = drawnTriangles(_objects[configuration]);
             for (bool const isHigh : {false, true}) {
                 std::vector<HalfEdge> outline = faceOutline(triangles, axis, isHigh);
                 outline = isHigh ? reversed(outline) : outline;
@@ -91,7 +91,7 @@ TEST_P(LocalSurface, OutlineOnAFaceFollowsFromItsFourSamples) {
 
 TEST_P(LocalSurface, WhatIsLeftOfTheEdgesLiesOnTheFaces) {
     for (unsigned int configuration = 0; configuration < 256; ++configuration) {
-        for (HalfEdge const& edge : outlineOf(drawnTriangles(objects[configuration]))) {
+        for (HalfEdge const& edge : outlineOf(drawnTriangles(_objects[configuration]))) {
             EXPECT_TRUE(isOnCellFace(edge)) << configuration;
         }
     }
@@ -99,7 +99,7 @@ TEST_P(LocalSurface, WhatIsLeftOfTheEdgesLiesOnTheFaces) {
 
 TEST_P(LocalSurface, TrianglesHaveThreeCornersAndAnArea) {
     for (unsigned int configuration = 0; configuration < 256; ++configuration) {
-        for (HalfTriangle const& triangle : drawnTriangles(objects[configuration])) {
+        for (HalfTriangle const& triangle : drawnTriangles(_objects[configuration])) {
             EXPECT_EQ((std::set<HalfPoint>{triangle[0], triangle[1], triangle[2]}).size(), 3U) << configuration;
             EXPECT_NE(normalOf(triangle), HalfPoint{}) << configuration;
         }
@@ -109,7 +109,7 @@ TEST_P(LocalSurface, TrianglesHaveThreeCornersAndAnArea) {
 TEST_P(LocalSurface, VerticesAreTheMidpointsBetweenUnlikeCorners) {
     for (unsigned int configuration = 0; configuration < 256; ++configuration) {
         SCOPED_TRACE(configuration);
-        for (HalfTriangle const& triangle : drawnTriangles(objects[configuration])) {
+        for (HalfTriangle const& triangle : drawnTriangles(_objects[configuration])) {
             for (HalfPoint const& point : triangle) {
                 // The corners of all links with this midpoint: on a face or through the centre there are several.
                 std::set<unsigned int> values;
@@ -132,7 +132,7 @@ TEST_P(LocalSurface, VerticesAreTheMidpointsBetweenUnlikeCorners) {
 }
 
 TEST_P(LocalSurface, NormalsAreNumbersOfUnitLength) {
-    EXPECT_EQ(configurationsWithABadNormal(objects.list()), std::vector<unsigned int>());
+    EXPECT_EQ(configurationsWithABadNormal(_objects.list()), std::vector<unsigned int>());
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, LocalSurface, testing::ValuesIn(kSurfaceSystems),

@@ -81,14 +81,14 @@ double ballLimit(GLObjectList const& list) {
 
 class SurfaceMeasures : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
-    [[nodiscard]] ScannedSurface scan(VoxelSet const& set) const { return {set.volume(), set.size(), objects.list()}; }
+    [[nodiscard]] ScannedSurface scan(VoxelSet const& set) const { return {set.volume(), set.size(), _objects.list()}; }
 
-    SystemList objects{GetParam()};
+    SystemList _objects{GetParam()};
 };
 
 TEST_P(SurfaceMeasures, AreaOfABallTendsToTheMeanOverAllPlanes) {
     // Edges alone cut a plane into facets that lie closer to it than those of six tetrahedra.
-    double const limit = ballLimit(objects.list());
+    double const limit = ballLimit(_objects.list());
     switch (GetParam()) {
     case Neighborhood::N6:
     case Neighborhood::N26:

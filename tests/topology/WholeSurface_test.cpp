@@ -35,7 +35,7 @@ template <typename Visit> void forEachRandomSet(int rounds, int largestSide, Vis
 
 class WholeSurface : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
-    [[nodiscard]] ScannedSurface scan(VoxelSet const& set) const { return {set.volume(), set.size(), objects.list()}; }
+    [[nodiscard]] ScannedSurface scan(VoxelSet const& set) const { return {set.volume(), set.size(), _objects.list()}; }
 
     /// Five fans of N6 have an inner edge on a cell face, where a neighbour's may lie, too.
     [[nodiscard]] static bool polygonsApart() { return GetParam() == Neighborhood::N6; }
@@ -53,7 +53,7 @@ class WholeSurface : public testing::TestWithParam<Neighborhood::NHConfig> {
         }
     }
 
-    SystemList objects{GetParam()};
+    SystemList _objects{GetParam()};
 };
 
 TEST_P(WholeSurface, IsAClosedOrientedManifold) {
@@ -124,7 +124,7 @@ std::int64_t ownVolume48(GLObject const& object, unsigned int configuration) {
 
 TEST_P(WholeSurface, EveryConfigurationKeepsAPartOfItsCell) {
     for (unsigned int configuration = 1; configuration < 255; ++configuration) {
-        std::int64_t const volume = ownVolume48(objects[configuration], configuration);
+        std::int64_t const volume = ownVolume48(_objects[configuration], configuration);
         EXPECT_GT(volume, 0) << configuration;
         EXPECT_LT(volume, 48) << configuration;
     }
@@ -141,7 +141,7 @@ TEST_P(WholeSurface, EnclosesTheSumOfItsCells) {
                                       place[2] - 1 + corner / 4};
                 configuration |= set.has(voxel) ? 1U << corner : 0U;
             }
-            sum += ownVolume48(objects[configuration], configuration);
+            sum += ownVolume48(_objects[configuration], configuration);
         });
         ScannedSurface const surface = scan(set);
         EXPECT_EQ(surface.volume48(), sum);
