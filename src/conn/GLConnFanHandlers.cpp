@@ -76,9 +76,14 @@ bool GLConn::handleC7(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, un
     auto const isAtMiddle = [&](unsigned char k) {
         return (getConn(desc.conn[k]) & middle) == middle && (getVInfo(desc.conn[k]) & kind) != 0;
     };
-    // No shape of this case lacks such a vertex; one that did would stop at the descriptor's bounds.
     constexpr unsigned char kNoVertex = 255;
-    desc.arrange(firstVertex(desc, kNoVertex, isAtMiddle), 0, sdiag);
+    unsigned char const start = firstVertex(desc, kNoVertex, isAtMiddle);
+    if (start == kNoVertex) {
+        // Only systems that are not made by cases, N14II among them, have such a component.
+        std::cerr << "no vertex found" << std::endl;
+        return false;
+    }
+    desc.arrange(start, 0, sdiag);
     appendPolygon(*obj, desc);
     return true;
 }

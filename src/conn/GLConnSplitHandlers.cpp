@@ -62,11 +62,6 @@ bool GLConn::handleC25(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
     // Without the space diagonal the seven vertices wind so far around u that all triangles must meet opposite to it:
     // in the vertex at w that looks along the edge. The two vertices at u are then on different sides of the plane; one
     // of them joins the other's side too, so that the two polygons share the edge to it.
-    if (!isTube &&
-        firstVertex(desc, kNoVertex, [&](unsigned char k) { return isParallel(desc.normal(k), along); }) == kNoVertex) {
-        std::cerr << "normal not found" << std::endl;
-        return false;
-    }
     Halves halves(desc);
     for (unsigned char k = 0; k < desc.count; ++k) {
         float const side = across.dot(desc.normal(k));
@@ -78,16 +73,24 @@ bool GLConn::handleC25(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
             halves.below.addVertex(desc.conn[k], desc.normal(k));
         }
     }
-    for (GLPolygonDesc* half : {&halves.above, &halves.below}) {
-        // With the space diagonal the vertices run around it in a ring, and each half of the ring opens like a fan from
-        // its one face diagonal at w.
-        auto const isStart = [&](unsigned char k) {
-            bool const isFaceDiagonal = (getVInfo(half->conn[k]) & kFaceDiagonalInfo) != 0;
-            return isTube ? isFaceDiagonal && (getConn(half->conn[k]) & w) != 0 : isParallel(half->normal(k), along);
-        };
-        half->arrange(firstVertex(*half, kNoVertex, isStart), 0, /*close=*/false);
-        appendPolygon(*obj, *half);
+    // With the space diagonal the vertices run around it in a ring, and each half of the ring opens like a fan from its
+    // one face diagonal at w.
+    auto const findStart = [&](GLPolygonDesc const& half) {
+        return firstVertex(half, kNoVertex, [&](unsigned char k) {
+            bool const isFaceDiagonal = (getVInfo(half.conn[k]) & kFaceDiagonalInfo) != 0;
+            return isTube ? isFaceDiagonal && (getConn(half.conn[k]) & w) != 0 : isParallel(half.normal(k), along);
+        });
+    };
+    unsigned char const startAbove = findStart(halves.above);
+    unsigned char const startBelow = findStart(halves.below);
+    if (startAbove == kNoVertex || startBelow == kNoVertex) {
+        std::cerr << "normal not found" << std::endl;
+        return false;
     }
+    halves.above.arrange(startAbove, 0, /*close=*/false);
+    halves.below.arrange(startBelow, 0, /*close=*/false);
+    appendPolygon(*obj, halves.above);
+    appendPolygon(*obj, halves.below);
     return true;
 }
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <iostream>
 #include <utility>
 
 namespace {
@@ -83,6 +85,11 @@ bool GLPolygonDesc::removeVertex(unsigned char link) {
 }
 
 void GLPolygonDesc::swapVertices(unsigned char i, unsigned char j) {
+    if (i >= count || j >= count) {
+        // A handler has lost count of its vertices: what follows would be a wrong surface.
+        std::cerr << "GLPolygonDesc::swapVertices invalid index" << std::endl;
+        std::abort();
+    }
     std::swap(conn[i], conn[j]);
     std::swap(normalIndex[i], normalIndex[j]);
 }

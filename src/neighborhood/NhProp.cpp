@@ -35,12 +35,16 @@ void NhProp::setupInfo() {
             _vInfo[i] = kSpaceDiagonalInfo;
         }
     }
-    for (unsigned int const b : _bgConn) {
-        _vInfo[b] |= kBackgroundInfo;
-    }
-    for (unsigned int const f : _fgConn) {
-        _vInfo[f] |= kForegroundInfo;
-    }
+    // A derived class may keep other numbers in these lists; only those of links count.
+    auto const mark = [this](std::vector<unsigned int> const& links, unsigned int bit) {
+        for (unsigned int const i : links) {
+            if (i < _vInfo.size()) {
+                _vInfo[i] |= bit;
+            }
+        }
+    };
+    mark(_bgConn, kBackgroundInfo);
+    mark(_fgConn, kForegroundInfo);
 }
 
 void NhProp::setupGeometry(unsigned int link) {

@@ -116,16 +116,29 @@ TEST_F(GLConnFanStart, DispatchTakesTheInnerComponentUprightWhereTheTwoDoNotFill
     EXPECT_EQ(order().front(), 0U);
 }
 
-using GLConnFanStartDeathTest = GLConnFanStart;
-
-TEST_F(GLConnFanStartDeathTest, CornerShapeWithoutItsMiddleVertexStopsAtTheBounds) {
-    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+TEST_F(GLConnFanStart, CornerShapeWithoutItsMiddleVertexIsReported) {
     add({0, 3, 4});
     ConnArguments arguments;
     arguments.info = 1;
     arguments.fg = 0xc8;
     arguments.bg = 0x37;
-    EXPECT_DEATH(GLConnAccess::handle(_conn, ConnHandler::kCase7, _object, _desc, arguments), "");
+    EXPECT_FALSE(handle(ConnHandler::kCase7, arguments));
+    EXPECT_EQ(_errors, "no vertex found\n");
+    EXPECT_EQ(_object.size(), 0U);
+}
+
+using GLConnFanStartDeathTest = GLConnFanStart;
+
+TEST_F(GLConnFanStartDeathTest, OddRingStops) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    // Four vertices, all looking up the diagonal 0-7: with three repeated, the last one has no partner.
+    for (unsigned int const link : Links{4, 5, 8, 10}) {
+        _desc.addVertex(static_cast<unsigned char>(link), GLVec3f(1, 1, 1));
+    }
+    ConnArguments arguments;
+    arguments.fg = 0x81;
+    arguments.bg = 0x7e;
+    EXPECT_DEATH(GLConnAccess::handle(_conn, ConnHandler::kSpaceDiagonal, _object, _desc, arguments), "invalid index");
 }
 
 } // namespace

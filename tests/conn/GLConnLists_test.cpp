@@ -50,6 +50,9 @@ TEST_P(GLConnLists, EqualTheSlowBuilderBitForBit) {
         PlainCell const cell = plain.build(configuration, recompute());
         if (!cell.isOpen) {
             EXPECT_TRUE(sameObject(*list[configuration], cell));
+        } else if (list[configuration]->size() == 0) {
+            // Of the open shapes, those that no fan serves are reported; no named system has them.
+            expectedErrors += "normal not found\n";
         }
         for (unsigned int pair = 0; pair < cell.pairsWithoutLink; ++pair) {
             expectedErrors += "conf:" + std::to_string(configuration) + " no polygon created!\n";
@@ -62,7 +65,8 @@ TEST_P(GLConnLists, EqualTheSlowBuilderBitForBit) {
 
 /// The unions of tables that give every component a polygon of at least three vertices, or none at all. Those from 12
 /// on name a link twice and keep what was connected before it; 17 is made by tetrahedra, never by cases.
-constexpr unsigned int kUnions[] = {0, 1, 2, 3, 4, 5, 6, 7, 9, 12, 13, 14, 15, 20, 21, 22, 23, 25, 28, 29, 30, 31};
+constexpr unsigned int kUnions[] = {11, 19, 27, 0,  1,  2,  3,  4,  5,  6,  7,  9, 12,
+                                    13, 14, 15, 20, 21, 22, 23, 25, 28, 29, 30, 31};
 
 std::string nameOfList(testing::TestParamInfo<ListParameter> const& parameter) {
     return std::to_string(std::get<0>(parameter.param)) +

@@ -127,6 +127,16 @@ TEST(GLConn, EveryOtherConfigurationHasAPolygon) {
     }
 }
 
+TEST(GLConn, ByCasesTheOtherSystemsHaveGapsButAFullList) {
+    GLObjectList list;
+    for (NHConfig const config : {NHConfig{8}, NHConfig{16}, Neighborhood::N14II, NHConfig{24}}) {
+        TextCapture const errors(std::cerr);
+        GLConn().wrapLocal(config, &list, true);
+        EXPECT_EQ(list.size(), 256U);
+        EXPECT_NE(errors.text().find("no vertex found\n"), std::string::npos);
+    }
+}
+
 TEST(GLConn, RecomputedNormalsAreThoseOfThePolygons) {
     for (NHConfig const config : kSystems) {
         GLObjectList byLinks;

@@ -117,6 +117,20 @@ TEST(NhProp, SecondSetUpForgetsTheFirst) {
     }
 }
 
+TEST(NhProp, NumbersThatAreNoLinksAreSkipped) {
+    struct WithStrays : OpenNhProp {
+        WithStrays() {
+            setupNeighborhood(N26);
+            _fgConn.push_back(28);
+            _bgConn.push_back(0xffffffffU);
+        }
+    };
+    WithStrays properties;
+    EXPECT_TRUE(properties.setupProp());
+    EXPECT_EQ(properties.getVInfo(27), 0x104U);
+    EXPECT_EQ(properties.getVInfo(0), 0x301U);
+}
+
 TEST(NhProp, CopiesHoldTheirOwnProperties) {
     OpenNhProp source = propertiesOf(Neighborhood::N26);
     OpenNhProp const copy = source;

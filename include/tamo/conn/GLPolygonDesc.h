@@ -38,9 +38,9 @@ struct TAMO_EXPORT GLPolygonDesc {
 
     /// Orders the vertices counter-clockwise about the mean normal, or about `givenNormal`, and sets `ccw`.
     ///
-    /// Vertex `first` becomes the start of the turn, and `second`, unless it is 0, follows it unsorted. A vertex on the
-    /// centroid or on the cell centre goes before them all and `hasCentre` is set. With `close`, a polygon with such a
-    /// vertex, or a fan, repeats vertex 1 at the end and sets `closed`; else `closed` is cleared.
+    /// Vertex `first` becomes the start of the turn. A vertex on the centroid or on the cell centre goes before them
+    /// all and `hasCentre` is set; `second`, unless it is 0, then follows `first` unsorted. With `close`, a polygon
+    /// with such a vertex, or a fan, repeats vertex 1 at the end and sets `closed`; else `closed` is cleared.
     void arrange(unsigned char first, unsigned char second, bool close,
                  std::optional<GLVec3f> const& givenNormal = std::nullopt);
 
