@@ -23,7 +23,10 @@ class PolyhedronCut {
         auto const cornerAt = [&](unsigned int place) {
             return static_cast<unsigned int>(tesselation.getNook(polyhedron, place));
         };
-        auto const isForeground = [configuration](unsigned int corner) { return (configuration >> corner & 1U) != 0; };
+        // No corner past the cell's eight is foreground; cutting a link to one stops at the cube's bounds.
+        auto const isForeground = [configuration](unsigned int corner) {
+            return corner < 8 && (configuration >> corner & 1U) != 0;
+        };
         for (unsigned int a = 0; a < corners; ++a) {
             if (!isForeground(cornerAt(a))) {
                 continue;

@@ -29,7 +29,7 @@ namespace {
 Plain3 const kCentre = {0.5F, 0.5F, 0.5F};
 
 Plain3 cornerAt(unsigned int c) {
-    return {static_cast<float>(c % 2), static_cast<float>(c / 2 % 2), static_cast<float>(c / 4)};
+    return {static_cast<float>(c & 1U), static_cast<float>(c >> 1U & 1U), static_cast<float>(c >> 2U)};
 }
 
 bool isForeground(unsigned int configuration, unsigned int corner) { return (configuration >> corner) % 2 == 1; }

@@ -9,26 +9,26 @@
 namespace tamo::test {
 
 struct FanTag {
-    using type = unsigned int (GLConnectivity::*)(GLObject*, GLAccess3f const&);
-    friend type access(FanTag);
+    using Type = unsigned int (GLConnectivity::*)(GLObject*, GLAccess3f const&);
+    friend Type access(FanTag);
 };
 template struct PrivateAccess<FanTag, &GLConnectivity::makeTriangleFan>;
 
 struct ReduceTag {
-    using type = unsigned int (GLConnectivity::*)(GLObject*, unsigned int, bool);
-    friend type access(ReduceTag);
+    using Type = unsigned int (GLConnectivity::*)(GLObject*, unsigned int, bool);
+    friend Type access(ReduceTag);
 };
 template struct PrivateAccess<ReduceTag, &GLConnectivity::reducePolygons>;
 
 struct CombineTag {
-    using type = GLPolygon* (GLConnectivity::*)(GLPolygon*, GLPolygon*, unsigned int, bool);
-    friend type access(CombineTag);
+    using Type = GLPolygon* (GLConnectivity::*)(GLPolygon*, GLPolygon*, unsigned int, bool);
+    friend Type access(CombineTag);
 };
 template struct PrivateAccess<CombineTag, &GLConnectivity::combinePolygons>;
 
 struct EpsilonTag {
-    using type = float const*;
-    friend type access(EpsilonTag);
+    using Type = float const*;
+    friend Type access(EpsilonTag);
 };
 template struct PrivateAccess<EpsilonTag, &GLConnectivity::epsilon>;
 

@@ -115,11 +115,11 @@ TEST(CombinePolygons, ReferenceIsTheFirstNormalOfTheFirst) {
 }
 
 /// Makes lattice polygons of different positions, so that pairs often share two of them.
-PlainObject randomObject(std::mt19937& random, unsigned int polygons, unsigned int largest) {
+PlainObject randomObject(std::mt19937& random, unsigned int polygons, unsigned int smallest, unsigned int largest) {
     PlainObject object;
     while (object.size() < polygons) {
-        PlainPolygon polygon =
-            tamo::test::randomPolygon(random, 3 + tamo::test::below(random, largest - 2), /*onLattice=*/true);
+        PlainPolygon polygon = tamo::test::randomPolygon(
+            random, smallest + tamo::test::below(random, largest - smallest + 1), /*onLattice=*/true);
         for (tamo::test::PlainVertex& vertex : polygon.vertices) {
             vertex.position.z = 0.5F;
         }
@@ -142,7 +142,7 @@ TEST(CombinePolygons, AgreesWithThePlainRuleForAnySizes) {
     std::mt19937 random(4);
     unsigned int joins = 0;
     for (unsigned int round = 0; round < 20000; ++round) {
-        PlainObject const pair = randomObject(random, 2, round % 2 == 0 ? 3 : 6);
+        PlainObject const pair = round % 2 == 0 ? randomObject(random, 2, 3, 3) : randomObject(random, 2, 2, 6);
         GLPolygon p = tamo::test::libraryOf(pair[0]);
         GLPolygon q = tamo::test::libraryOf(pair[1]);
         unsigned int const n = round % 3 == 0 ? 3 : 0;
@@ -191,7 +191,7 @@ TEST(ReducePolygons, AgreesWithThePlainRuleForAnyObject) {
     std::mt19937 random(6);
     unsigned int merges = 0;
     for (unsigned int round = 0; round < 3000; ++round) {
-        PlainObject expected = randomObject(random, tamo::test::below(random, 9), round % 2 == 0 ? 3 : 5);
+        PlainObject expected = randomObject(random, tamo::test::below(random, 9), 3, round % 2 == 0 ? 3 : 5);
         GLObject object;
         fill(object, expected);
         unsigned int const n = round % 3 == 0 ? 0 : 3;

@@ -54,6 +54,14 @@ TEST(GLConnectivity, CutsAndReducesAnyTesselation) {
     }
 }
 
+TEST(GLConnectivity, ReducesObjectsOfTwoPolygons) {
+    // Both tetrahedra stand on the triangle 0-1-2: corner 0 alone leaves two triangles with a common edge.
+    CornerLists const pair = {{0, 1, 2, 4}, {0, 1, 2, 7}};
+    expectAllConfigurations(pair, /*reduce=*/true);
+    EXPECT_EQ(tamo::test::wrapPlain(pair, 1, /*reduce=*/false).size(), 2U);
+    EXPECT_EQ(tamo::test::wrapPlain(pair, 1, /*reduce=*/true).size(), 1U);
+}
+
 TEST(GLConnectivity, CutsPolyhedraOfMoreThanFourCorners) {
     expectAllConfigurations(kFiveCorners, /*reduce=*/false);
     expectAllConfigurations({{0, 1, 2, 4, 7}, {1, 2, 3, 7}}, /*reduce=*/false);
@@ -84,8 +92,8 @@ TEST(GLConnectivity, OneForegroundCornerGivesATriangleInEachTetrahedronThatHasIt
         EXPECT_TRUE(polygon.isCCW());
         for (unsigned int place = 1; place < 4; ++place) {
             unsigned int const corner = tamo::test::sixTetrahedra()[t][place];
-            GLVec3f const midpoint{static_cast<float>(corner % 2) / 2, static_cast<float>(corner / 2 % 2) / 2,
-                                   static_cast<float>(corner / 4) / 2};
+            GLVec3f const midpoint{static_cast<float>(corner & 1U) / 2, static_cast<float>(corner >> 1U & 1U) / 2,
+                                   static_cast<float>(corner >> 2U) / 2};
             bool isFound = false;
             for (unsigned int i = 0; i < 3; ++i) {
                 isFound = isFound || polygon.vertex(i) == midpoint;

@@ -12,8 +12,8 @@
 namespace tamo::test {
 
 struct ClearTag {
-    using type = void (GLTesselation::*)();
-    friend type access(ClearTag);
+    using Type = void (GLTesselation::*)();
+    friend Type access(ClearTag);
 };
 template struct PrivateAccess<ClearTag, &GLTesselation::clear>;
 

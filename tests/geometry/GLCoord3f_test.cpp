@@ -13,10 +13,10 @@ static_assert(sizeof(GLCoord3f) == 3 * sizeof(float));
 namespace {
 
 TEST(GLCoord3f, IsZeroByDefaultAndBraceInitialised) {
-    constexpr GLCoord3f zero;
-    constexpr GLCoord3f c{1, 2, 3};
-    EXPECT_TRUE(zero.x == 0 && zero.y == 0 && zero.z == 0);
-    EXPECT_TRUE(c.x == 1 && c.y == 2 && c.z == 3);
+    constexpr GLCoord3f kZero;
+    constexpr GLCoord3f kCoord{1, 2, 3};
+    EXPECT_TRUE(kZero.x == 0 && kZero.y == 0 && kZero.z == 0);
+    EXPECT_TRUE(kCoord.x == 1 && kCoord.y == 2 && kCoord.z == 3);
 }
 
 TEST(GLCoord3f, EqualsOnlyInAllComponents) {

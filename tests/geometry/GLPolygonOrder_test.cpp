@@ -75,6 +75,17 @@ TEST(GLPolygonOrder, EraseMovesLaterVerticesForward) {
     }
 }
 
+TEST(GLPolygonOrder, EraseGoesDownToNoVertex) {
+    PlainPolygon expected = lattice(3);
+    GLPolygon polygon = tamo::test::libraryOf(expected);
+    while (!expected.vertices.empty()) {
+        EXPECT_TRUE(polygon.eraseV(expected.size() - 1));
+        expected.vertices.pop_back();
+        EXPECT_TRUE(samePolygon(polygon, expected));
+    }
+    EXPECT_FALSE(polygon.eraseV(0));
+}
+
 TEST(GLPolygonOrder, AreaOfTheUnitSquareIsOne) {
     GLPolygon square(4);
     square.vertex(1) = GLVec3f{1, 0, 0};

@@ -14,14 +14,14 @@
 namespace tamo::test {
 
 struct BeginTag {
-    using type = float* (GLPolygon::*)();
-    friend type access(BeginTag);
+    using Type = float* (GLPolygon::*)();
+    friend Type access(BeginTag);
 };
 template struct PrivateAccess<BeginTag, &GLPolygon::_begin>;
 
 struct ConstBeginTag {
-    using type = float const* (GLPolygon::*)() const;
-    friend type access(ConstBeginTag);
+    using Type = float const* (GLPolygon::*)() const;
+    friend Type access(ConstBeginTag);
 };
 template struct PrivateAccess<ConstBeginTag, &GLPolygon::_begin>;
 

@@ -22,10 +22,10 @@ using tamo::test::sameFloats;
 Plain3 plain(GLVec3f const& v) { return {v.x, v.y, v.z}; }
 
 TEST(GLVec3f, IsZeroByDefaultAndBraceInitialised) {
-    constexpr GLVec3f zero;
-    constexpr GLVec3f v{1, 2, 3};
-    EXPECT_TRUE(sameFloats(plain(zero), {0, 0, 0}));
-    EXPECT_TRUE(sameFloats(plain(v), {1, 2, 3}));
+    constexpr GLVec3f kZero;
+    constexpr GLVec3f kVector{1, 2, 3};
+    EXPECT_TRUE(sameFloats(plain(kZero), {0, 0, 0}));
+    EXPECT_TRUE(sameFloats(plain(kVector), {1, 2, 3}));
 }
 
 TEST(GLVec3f, AddsSubtractsAndScalesByComponent) {

@@ -14,10 +14,10 @@ static_assert(sizeof(GLtVec3<double>) == 3 * sizeof(double));
 namespace {
 
 TEST(GLtVec3, IsZeroByDefaultAndBraceInitialised) {
-    constexpr GLtVec3<int> zero;
-    constexpr GLtVec3<int> v{1, -2, 3};
-    EXPECT_TRUE(zero.x == 0 && zero.y == 0 && zero.z == 0);
-    EXPECT_TRUE(v.x == 1 && v.y == -2 && v.z == 3);
+    constexpr GLtVec3<int> kZero;
+    constexpr GLtVec3<int> kTriple{1, -2, 3};
+    EXPECT_TRUE(kZero.x == 0 && kZero.y == 0 && kZero.z == 0);
+    EXPECT_TRUE(kTriple.x == 1 && kTriple.y == -2 && kTriple.z == 3);
 }
 
 TEST(GLtVec3, EqualsOnlyInAllComponents) {

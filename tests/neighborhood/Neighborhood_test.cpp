@@ -17,26 +17,26 @@
 namespace tamo::test {
 
 struct FirstSevenTag {
-    using type = unsigned char const (*)[7];
-    friend type access(FirstSevenTag);
+    using Type = unsigned char const (*)[7];
+    friend Type access(FirstSevenTag);
 };
 template struct PrivateAccess<FirstSevenTag, &Neighborhood::_n14iDiag>;
 
 struct SecondSevenTag {
-    using type = unsigned char const (*)[7];
-    friend type access(SecondSevenTag);
+    using Type = unsigned char const (*)[7];
+    friend Type access(SecondSevenTag);
 };
 template struct PrivateAccess<SecondSevenTag, &Neighborhood::_n14iiDiag>;
 
 struct NamesTag {
-    using type = char const* (*)[7];
-    friend type access(NamesTag);
+    using Type = char const* (*)[7];
+    friend Type access(NamesTag);
 };
 template struct PrivateAccess<NamesTag, &Neighborhood::_nhNames>;
 
 struct SetupConnectTag {
-    using type = int (Neighborhood::*)();
-    friend type access(SetupConnectTag);
+    using Type = int (Neighborhood::*)();
+    friend Type access(SetupConnectTag);
 };
 template struct PrivateAccess<SetupConnectTag, &Neighborhood::setupConnect>;
 

@@ -170,7 +170,10 @@ PlainPolygon randomPolygon(std::mt19937& random, unsigned int size, bool onLatti
 
 namespace {
 
-bool isSame(float a, float b) { return (std::isnan(a) && std::isnan(b)) || std::memcmp(&a, &b, sizeof a) == 0; }
+/// Tells zeros apart by their sign; otherwise floats of the same value have the same bits.
+bool isSame(float a, float b) {
+    return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b));
+}
 
 } // namespace
 

@@ -25,7 +25,12 @@ struct Volume {
 
     [[nodiscard]] bool at(int x, int y, int z) const {
         bool const isInside = x >= 0 && y >= 0 && z >= 0 && x < size[0] && y < size[1] && z < size[2];
-        return isInside && samples.at(static_cast<std::size_t>(x + size[0] * (y + size[1] * z)));
+        return isInside && samples.at(indexOf(x, y, z));
+    }
+
+    [[nodiscard]] std::size_t indexOf(int x, int y, int z) const {
+        int const index = x + size[0] * (y + size[1] * z);
+        return static_cast<std::size_t>(index);
     }
 
     /// Returns the configuration of the cell whose lowest corner is the sample (x, y, z).
@@ -54,7 +59,7 @@ Volume randomVolume(std::mt19937& random, unsigned int percent) {
     for (int& side : volume.size) {
         side = static_cast<int>(2 + random() % 11);
     }
-    volume.samples.resize(static_cast<std::size_t>(volume.size[0] * volume.size[1] * volume.size[2]));
+    volume.samples.resize(volume.indexOf(0, 0, volume.size[2]));
     for (std::size_t i = 0; i < volume.samples.size(); ++i) {
         volume.samples[i] = random() % 100 < percent;
     }

@@ -15,8 +15,9 @@ class TAMO_EXPORT GLConnectivity {
   public:
     /// Replaces the contents of `list`, which must not be null, by 256 objects; slots 0 and 255 stay empty. With
     /// `reduce` set, merges a configuration's triangles in pairs where they are coplanar, and all its polygons into one
-    /// fan where each of them touches the cell centre. A polyhedron supports at most 8 cuts; a corner above 7 or a
-    /// ninth cut stops the program with the standard library's assertion. Always returns true; throws `std::bad_alloc`.
+    /// fan where each of them touches the cell centre. A polyhedron supports at most 8 cuts; a link cut to a
+    /// corner above 7, or a ninth cut, stops the program with the standard library's assertion. Always returns true;
+    /// throws `std::bad_alloc`.
     bool wrapLocal(GLTesselation const& tesselation, GLObjectList* list, bool reduce);
 
   private:
