@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
+#include <functional>
 #include <random>
 
 namespace tamo::bench {
@@ -109,30 +111,24 @@ BenchVolume::BenchVolume(Cube const& cube, Layout const& layout) : _side(cube.si
     auto const [fast, middle, slow] = layout.order;
     std::ptrdiff_t const width = std::abs(layout.spacing);
     std::array<std::ptrdiff_t, 3> distance{};
-    distance[static_cast<std::size_t>(fast)] = width;
-    distance[static_cast<std::size_t>(middle)] = width * _side + layout.gap;
-    distance[static_cast<std::size_t>(slow)] = (width * _side + layout.gap) * _side;
-    _bytes.resize(static_cast<std::size_t>((width * _side + layout.gap) * _side * _side));
+    distance[fast] = width;
+    distance[middle] = width * _side + layout.gap;
+    distance[slow] = distance[middle] * _side;
+    _bytes.resize(static_cast<std::size_t>(distance[slow] * _side));
     if (layout.spacing < 0) {
         _first = (distance[0] + distance[1] + distance[2]) * (_side - 1);
         std::transform(distance.begin(), distance.end(), distance.begin(), std::negate<>());
     }
     _increments = {static_cast<int>(distance[0]), static_cast<int>(distance[1]), static_cast<int>(distance[2])};
     std::array<int, 3> at{};
-    auto const each = [&](int axis, auto const& body) {
-        int& i = at[static_cast<std::size_t>(axis)];
-        for (i = 0; i < _side; ++i) {
-            body();
-        }
-    };
-    each(slow, [&] {
-        each(middle, [&] {
-            each(fast, [&] {
+    for (at[slow] = 0; at[slow] < _side; ++at[slow]) {
+        for (at[middle] = 0; at[middle] < _side; ++at[middle]) {
+            for (at[fast] = 0; at[fast] < _side; ++at[fast]) {
                 std::ptrdiff_t const place = _first + at[0] * distance[0] + at[1] * distance[1] + at[2] * distance[2];
                 _bytes[static_cast<std::size_t>(place)] = cube.voxels[cube.index(at[0], at[1], at[2])];
-            });
-        });
-    });
+            }
+        }
+    }
 }
 
 plain::ScanArguments BenchVolume::arguments(unsigned int step) const {

@@ -34,7 +34,7 @@ Cube makeBrain(int side, std::string const& file);
 struct Layout {
     char const* name;
     /// The axes from the fastest to the slowest.
-    int order[3];
+    std::size_t order[3];
     /// Distance between neighbours along the fastest axis; negative where all addresses fall.
     int spacing;
     /// Unused bytes after each row.
