@@ -121,6 +121,31 @@ TEST(NiftiVolume, ScalesStoredValuesAsItsHeaderSays) {
     EXPECT_EQ(line(run.output, "foreground"), "foreground  2 voxels") << run.error;
 }
 
+TEST(NiftiVolume, TakesAScalingThatIsNoNumberForNone) {
+    TemporaryFolder const folder;
+    fileFormats().front().write(Samples{{2, 2, 2}, {0, 1, 2, 3, 4, 5, 6, 7}}, folder / "a.nii");
+    std::string const bytes = readBytes(folder / "a.nii");
+    constexpr std::size_t kSlope = 112;
+    for (auto const& [slope, intercept] : {std::pair(std::nanf(""), 0.0F), {2.0F, std::nanf("")}, {0.0F, 5.0F}}) {
+        writeBytes(folder / "a.nii",
+                   std::string(bytes).replace(kSlope, 8, valueBytes(slope, false) + valueBytes(intercept, false)));
+        ToolRun const run = runTool({"info", (folder / "a.nii").string()});
+        EXPECT_EQ(line(run.output, "range"), "range       0 .. 7") << slope << " " << intercept;
+        EXPECT_EQ(line(run.output, "scaling"), "");
+    }
+}
+
+TEST(NiftiVolume, IsReadWhateverTheCaseOfItsNameAndItsCompression) {
+    TemporaryFolder const folder;
+    fileFormats().front().write(makeSamples(5, 4, 3), folder / "a.nii");
+    std::string const bytes = readBytes(folder / "a.nii");
+    for (std::string const name : {"A.NII", "a.nii.gz", "A.Nii.Gz"}) {
+        writeBytes(folder / name, bytes);
+        ToolRun const run = runTool({"info", (folder / name).string()});
+        EXPECT_EQ(line(run.output, "dimensions"), "dimensions  5 x 4 x 3") << run.error;
+    }
+}
+
 TEST(FloatVolume, TakesWhatIsNoNumberForBackground) {
     TemporaryFolder const folder;
     std::string bytes;
