@@ -178,6 +178,24 @@ RenderOptions renderOptions(Texts const& texts) {
     return options;
 }
 
+/// Refuses empty values of all options of the commands: what a script has left unset does not stand for the default.
+void refuseEmptyValues(CLI::App& app) {
+    for (CLI::App* const command : app.get_subcommands(nullptr)) {
+        for (CLI::Option* const option : command->get_options()) {
+            option->check([](std::string const& text) { return text.empty() ? "expected a value, found none" : ""; });
+        }
+    }
+}
+
+/// Says in one line what is wrong with the arguments.
+std::string messageOf(CLI::ParseError const& error) {
+    std::string const text = error.what();
+    // The parser counts arguments here; all options of this program take one value, once.
+    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)
+               ? text.substr(0, text.find(':')) + ": expected once, with one value"
+               : text;
+}
+
 } // namespace
 
 namespace tamo {
@@ -196,6 +214,7 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
     addRenderOptions(*render, texts);
     render->footer(std::string("\n") + kFormats + kRenderExamples);
     try {
+        refuseEmptyValues(app);
         app.parse(argumentCount, arguments);
     } catch (CLI::Success const& asked) {
         app.exit(asked);
@@ -204,7 +223,7 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
         if (app.get_subcommands().empty()) {
             throw UserError("expected a command, info or render; see tamo --help");
         }
-        throw UserError(std::string(error.what()) + "; see tamo --help");
+        throw UserError(messageOf(error) + "; see tamo --help");
     }
     if (info->parsed()) {
         return InfoOptions{volumeSource(texts)};
