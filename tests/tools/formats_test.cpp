@@ -106,6 +106,26 @@ TEST(RawVolume, HoldsEveryScalarTypeInEitherByteOrder) {
     }
 }
 
+TEST(HeaderText, TellsHowManyBytesOrLinesPrecedeTheVoxels) {
+    TemporaryFolder const folder;
+    std::string const nrrd = "NRRD0004\ndimension: 3\nencoding: raw\ntype: uchar\nsizes: 2 2 2\n";
+    std::string const meta = "NDims = 3\nElementType = MET_UCHAR\nDimSize = 2 2 2\n";
+    auto const expectRange = [&folder](std::string const& file, std::string const& text) {
+        writeBytes(folder / file, text);
+        ToolRun const run = runTool({"info", (folder / file).string()});
+        EXPECT_EQ(line(run.output, "range"), "range       97 .. 104") << text << run.error;
+    };
+    expectRange("a.nrrd", nrrd + "\nabcdefgh");
+    expectRange("a.nrrd", nrrd + "byte skip: 3\n\nxyzabcdefgh");
+    expectRange("a.nrrd", nrrd + "byte skip: -1\n\nmany more before abcdefgh");
+    expectRange("a.nrrd", nrrd + "line skip: 2\nbyte skip: 1\n\none\ntwo\nxabcdefgh");
+    expectRange("a.mha", meta + "ElementDataFile = LOCAL\nabcdefgh");
+    expectRange("a.mha", meta + "HeaderSize = -1\nElementDataFile = LOCAL\nmany more before abcdefgh");
+    writeBytes(folder / "a.data", "xyzabcdefgh");
+    expectRange("a.mhd", meta + "HeaderSize = 3\nElementDataFile = a.data\n");
+    expectRange("a.mhd", meta + "HeaderSize = -1\nElementDataFile = a.data\n");
+}
+
 TEST(NiftiVolume, ScalesStoredValuesAsItsHeaderSays) {
     TemporaryFolder const folder;
     Samples const samples{{2, 2, 2}, {0, 1, 2, 3, 4, 5, 6, 7}};

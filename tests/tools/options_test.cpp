@@ -130,6 +130,41 @@ TEST_F(BadInput, VolumesThatNoMemoryHolds) {
     EXPECT_TRUE(isOneLineRefusal(run, "a.nii")) << run.status << " " << run.error;
 }
 
+TEST_F(BadInput, HeaderFieldsThatAreNotWhatTheyShouldBe) {
+    auto const expectFieldRefused = [this](std::string const& file, std::string const& text, std::string const& field) {
+        writeBytes(_folder / file, text + "abcdefghijklmnop");
+        ToolRun const run = runTool({"info", (_folder / file).string()});
+        EXPECT_TRUE(isOneLineRefusal(run, "\"" + field + "\"")) << text << run.status << " " << run.error;
+    };
+    std::string const nrrd = "NRRD0004\ndimension: 3\nencoding: raw\n";
+    for (char const* const sizes : {"2.5 2 2", "2 2", "0 2 2", "-2 2 2", "1e300 2 2", "nan 2 2", "2 2 x"}) {
+        expectFieldRefused("a.nrrd", nrrd + "type: uchar\nsizes: " + sizes + "\n\n", "sizes");
+        std::string const sides(sizes);
+        expectFieldRefused("a.mha",
+                           "NDims = 3\nElementType = MET_UCHAR\nDimSize = " + sides + "\nElementDataFile = LOCAL\n",
+                           "DimSize");
+    }
+    for (char const* const skip : {"1e30", "-2", "0.5", "nan", "x"}) {
+        expectFieldRefused("a.nrrd", nrrd + "type: uchar\nsizes: 2 2 2\nbyte skip: " + skip + "\n\n", "byte skip");
+        expectFieldRefused("a.nrrd", nrrd + "type: uchar\nsizes: 2 2 2\nline skip: " + skip + "\n\n", "line skip");
+        expectFieldRefused("a.mha",
+                           "NDims = 3\nElementType = MET_UCHAR\nDimSize = 2 2 2\nHeaderSize = " + std::string(skip) +
+                               "\nElementDataFile = LOCAL\n",
+                           "HeaderSize");
+    }
+    expectFieldRefused("a.nrrd", nrrd + "type: short\nsizes: 2 2 2\nendian: middle\n\n", "endian");
+}
+
+TEST_F(BadInput, NumbersPastTheVoxelsType) {
+    for (char const* const last : {"256", "-1", "x", ""}) {
+        writeBytes(_folder / "a.nrrd",
+                   std::string("NRRD0004\ndimension: 3\nencoding: ascii\ntype: uchar\nsizes: 2 2 2\n\n"
+                               "1 2 3 4 5 6 7 ") +
+                       last);
+        EXPECT_TRUE(isOneLineRefusal(runTool({"info", (_folder / "a.nrrd").string()}), "a.nrrd")) << last;
+    }
+}
+
 TEST_F(BadInput, FlatAndColouredImages) {
     for (FileFormat const& format : fileFormats()) {
         TemporaryFolder const folder;
