@@ -25,8 +25,6 @@ struct PictureSize {
 struct Camera {
     std::array<double, 16> modelView{};
     std::array<double, 16> projection{};
-    /// Whether voxel coordinates are a mirror image of space, so that outer sides turn clockwise on the screen.
-    bool isMirrored = false;
 };
 
 /// Places a camera so that the surface of the foreground, sampled every `step` voxels, fills the picture but for a
