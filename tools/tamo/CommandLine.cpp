@@ -85,6 +85,24 @@ template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
     return {values[0], values[1], values[2]};
 }
 
+/// Refuses empty values of all options of the commands: what a script has left unset does not stand for the default.
+void refuseEmptyValues(CLI::App& app) {
+    for (CLI::App* const command : app.get_subcommands(nullptr)) {
+        for (CLI::Option* const option : command->get_options()) {
+            option->check([](std::string const& text) { return text.empty() ? "expected a value, found none" : ""; });
+        }
+    }
+}
+
+/// Says in one line what is wrong with the arguments.
+std::string messageOf(CLI::ParseError const& error) {
+    std::string const text = error.what();
+    // The parser counts arguments here; all options of this program take one value, once.
+    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)
+               ? text.substr(0, text.find(':')) + ": expected once, with one value"
+               : text;
+}
+
 RawLayout rawLayout(Texts const& texts) {
     if (texts.dims.empty() || texts.type.empty()) {
         throw UserError(std::string(texts.dims.empty() ? "--dims" : "--type") +
@@ -176,24 +194,6 @@ RenderOptions renderOptions(Texts const& texts) {
     options.view = {view[0], view[1]};
     options.isVerbose = texts.isVerbose;
     return options;
-}
-
-/// Refuses empty values of all options of the commands: what a script has left unset does not stand for the default.
-void refuseEmptyValues(CLI::App& app) {
-    for (CLI::App* const command : app.get_subcommands(nullptr)) {
-        for (CLI::Option* const option : command->get_options()) {
-            option->check([](std::string const& text) { return text.empty() ? "expected a value, found none" : ""; });
-        }
-    }
-}
-
-/// Says in one line what is wrong with the arguments.
-std::string messageOf(CLI::ParseError const& error) {
-    std::string const text = error.what();
-    // The parser counts arguments here; all options of this program take one value, once.
-    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)
-               ? text.substr(0, text.find(':')) + ": expected once, with one value"
-               : text;
 }
 
 } // namespace
