@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "CornerBits.h"
+
 #include <tamo/neighborhood/Neighborhood.h>
 
 #include <algorithm>
@@ -25,23 +27,6 @@ char const* Neighborhood::_nhNames[7] = {"N6", "N8", "N12", "N14I", "N14II", "N2
 namespace {
 
 constexpr std::size_t kLinkCount = 28;
-
-struct LinkEnds {
-    unsigned int lower;
-    unsigned int higher;
-};
-
-LinkEnds endsOf(unsigned char link) {
-    unsigned int lower = 0;
-    while ((link >> lower & 1U) == 0) {
-        ++lower;
-    }
-    unsigned int higher = lower + 1;
-    while ((link >> higher & 1U) == 0) {
-        ++higher;
-    }
-    return {lower, higher};
-}
 
 template <typename List> auto checkedAt(List const& list, unsigned int i) {
     if (i >= list.size()) {
@@ -93,9 +78,10 @@ bool Neighborhood::isCrossing(unsigned char a, unsigned char b) const {
         return false;
     }
     auto const midpoint = [this](unsigned char link) {
-        LinkEnds const ends = endsOf(_conn[link]);
-        GLVec3f const lower = _vertices->vertex(ends.lower);
-        return lower + (_vertices->vertex(ends.higher) - _vertices->vertex(ends.lower)) * 0.5F;
+        unsigned int const low = tamo::nextCorner(_conn[link], 0);
+        unsigned int const high = tamo::nextCorner(_conn[link], low + 1);
+        GLAccess3f const& lower = _vertices->vertex(low);
+        return GLVec3f(lower) + (_vertices->vertex(high) - lower) * 0.5F;
     };
     return midpoint(a) == midpoint(b);
 }

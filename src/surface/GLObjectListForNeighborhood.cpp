@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include <tamo/conn/GLConn.h>
 #include <tamo/connectivity/GLConnectivity.h>
 #include <tamo/connectivity/GLTesselation.h>
 #include <tamo/surface/TAMO.h>
@@ -22,11 +23,11 @@ GLTesselation makeSixTetrahedra() {
 void GLObjectListForNeighborhood(Neighborhood::NHConfig config, GLObjectList& list) {
     switch (config) {
     case Neighborhood::N6:
-        throw TamoException("GLObjectListForNeighborhood: N6 is not available");
     case Neighborhood::N26:
-        throw TamoException("GLObjectListForNeighborhood: N26 is not available");
     case Neighborhood::N14I:
-        throw TamoException("GLObjectListForNeighborhood: N14I is not available");
+        // The system comes in through wrapLocal alone; what the builder is constructed with does not matter.
+        GLConn(Neighborhood::N6).wrapLocal(config, &list, true);
+        break;
     default:
         GLConnectivity().wrapLocal(makeSixTetrahedra(), &list, false);
     }

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 namespace {
 
 using tamo::test::Digest;
@@ -40,24 +38,6 @@ TEST(GLObjectListForNeighborhood, ReplacesWhatTheListHeld) {
     GLObjectListForNeighborhood(Neighborhood::N8, list);
     GLObjectListForNeighborhood(Neighborhood::N14II, list);
     expectTetrahedra(list);
-}
-
-TEST(GLObjectListForNeighborhood, SystemsOfTheCaseBasedBuilderAreRefusedByName) {
-    struct Row {
-        Neighborhood::NHConfig config;
-        std::string name;
-    };
-    for (Row const& row : {Row{Neighborhood::N6, "N6"}, {Neighborhood::N26, "N26"}, {Neighborhood::N14I, "N14I"}}) {
-        GLObjectList list;
-        list.push_back(nullptr);
-        try {
-            GLObjectListForNeighborhood(row.config, list);
-            ADD_FAILURE() << row.name << " was not refused";
-        } catch (TamoException const& exception) {
-            EXPECT_NE(std::string(exception.what()).find(row.name + " "), std::string::npos) << exception.what();
-        }
-        EXPECT_EQ(list.size(), 1U);
-    }
 }
 
 TEST(GLObjectListForNeighborhood, ListIsTheSameToTheLastBitEverywhere) {

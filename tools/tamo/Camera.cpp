@@ -13,16 +13,6 @@ using namespace tamo;
 
 constexpr double kMargin = 0.05;
 
-/// The rows of the turn from space to the screen: right, up, towards the viewer.
-std::array<Vector3, 3> screenAxes(View view) {
-    double const degree = std::acos(-1.0) / 180.0;
-    double const sinA = std::sin(view.azimuth * degree);
-    double const cosA = std::cos(view.azimuth * degree);
-    double const sinE = std::sin(view.elevation * degree);
-    double const cosE = std::cos(view.elevation * degree);
-    return {{{-cosA, sinA, 0}, {-sinA * sinE, -cosA * sinE, cosE}, {sinA * cosE, cosA * cosE, sinE}}};
-}
-
 double dot(Vector3 const& a, Vector3 const& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
 /// Returns how far along each screen axis one voxel leads along each volume axis: [screen][volume].
@@ -80,6 +70,15 @@ Extent screenExtent(BinaryVolume const& binary, std::array<Vector3, 3> const& st
 } // namespace
 
 namespace tamo {
+
+std::array<Vector3, 3> screenAxes(View view) {
+    double const degree = std::acos(-1.0) / 180.0;
+    double const sinA = std::sin(view.azimuth * degree);
+    double const cosA = std::cos(view.azimuth * degree);
+    double const sinE = std::sin(view.elevation * degree);
+    double const cosE = std::cos(view.elevation * degree);
+    return {{{-cosA, sinA, 0}, {-sinA * sinE, -cosA * sinE, cosE}, {sinA * cosE, cosA * cosE, sinE}}};
+}
 
 Camera frameForeground(BinaryVolume const& binary, Volume const& geometry, unsigned int step, View view,
                        PictureSize size) {

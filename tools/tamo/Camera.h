@@ -27,6 +27,9 @@ struct Camera {
     std::array<double, 16> projection{};
 };
 
+/// Returns the rows of the turn from space to the screen: right, up, towards the viewer.
+std::array<Vector3, 3> screenAxes(View view);
+
 /// Places a camera so that the surface of the foreground, sampled every `step` voxels, fills the picture but for a
 /// margin. There has to be foreground.
 Camera frameForeground(BinaryVolume const& binary, Volume const& geometry, unsigned int step, View view,

@@ -32,6 +32,8 @@ struct Texts {
     std::string size = "1200x900";
     std::string view = "-35,15";
     bool isVerbose = false;
+
+    std::string configurations;
 };
 
 constexpr char const* kFormats = "Volumes: NIfTI (.nii, .nii.gz), MetaImage (.mha, .mhd), NRRD (.nrrd, .nhdr),\n"
@@ -42,9 +44,14 @@ constexpr char const* kExamples = "\nExample:\n"
                                   "  tamo info brain.nii.gz\n"
                                   "  tamo render brain.nii.gz -o brain.png --min 90\n";
 
+constexpr char const* kAtlasExamples = "\nExamples:\n"
+                                       "  tamo atlas --neighborhood N26 -o n26.png\n"
+                                       "  tamo atlas --neighborhood N6,N14I --configurations 3,129 -o pair.png\n";
+
 constexpr char const* kRenderExamples =
     "\nExamples:\n"
     "  tamo render brain.nii.gz -o brain.png --min 90\n"
+    "  tamo render brain.nii.gz -o both.png --neighborhood N6,N26 --box 60,60,60,90,90,90\n"
     "  tamo render labels.nii.gz -o region.png --min 37 --max 37 --view 90,0\n"
     "  tamo render scan.raw -o scan.png --dims 512,512,300 --type uint16 --spacing 0.4,0.4,1\n";
 
@@ -66,8 +73,11 @@ void addRenderOptions(CLI::App& app, Texts& texts) {
         ->type_name("V");
     app.add_option("--max", texts.max, "Largest value of the foreground, itself included (default: any)")
         ->type_name("V");
-    app.add_option("--neighborhood", texts.neighborhood, "Adjacency system: N6, N8, N12, N14I, N14II or N26")
-        ->type_name("NAME")
+    app.add_option(
+           "--neighborhood", texts.neighborhood,
+           "Adjacency system: N6, N8, N12, N14I, N14II or N26; several, with commas between them, are drawn side "
+           "by side")
+        ->type_name("NAME,...")
         ->capture_default_str();
     app.add_option("--step", texts.step, "Use every K-th voxel along each axis")->type_name("K")->capture_default_str();
     app.add_option("--box", texts.box, "First and last voxel of the box to draw, both included (default: all)")
@@ -79,6 +89,30 @@ void addRenderOptions(CLI::App& app, Texts& texts) {
         ->type_name("AZIMUTH,ELEVATION")
         ->capture_default_str();
     app.add_flag("--verbose", texts.isVerbose, "Print wall time and peak memory of each stage");
+}
+
+/// Returns what the options of an atlas are where they are not given.
+Texts atlasDefaults() {
+    Texts texts;
+    texts.size = "2400x2400";
+    texts.view = "156,10";
+    return texts;
+}
+
+void addAtlasOptions(CLI::App& app, Texts& texts) {
+    app.add_option("-o,--output", texts.output, "The picture to write")->required()->type_name("PICTURE.png");
+    app.add_option(
+           "--neighborhood", texts.neighborhood,
+           "Adjacency system: N6, N8, N12, N14I, N14II or N26; several, with commas between them, have a column "
+           "each")
+        ->type_name("NAME,...")
+        ->capture_default_str();
+    app.add_option("--configurations", texts.configurations, "Numbers from 0 to 255 of those to draw (default: all)")
+        ->type_name("N,...");
+    app.add_option("--size", texts.size, "Pixels of the picture")->type_name("WxH")->capture_default_str();
+    app.add_option("--view", texts.view, "Degrees, as of tamo render; 180 looks along the y axis, x leading right")
+        ->type_name("AZIMUTH,ELEVATION")
+        ->capture_default_str();
 }
 
 template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
@@ -138,21 +172,6 @@ VolumeSource volumeSource(Texts const& texts) {
     return source;
 }
 
-Neighborhood::NHConfig neighborhood(std::string const& name) {
-    constexpr std::array<std::pair<char const*, Neighborhood::NHConfig>, 6> kSystems{{{"N6", Neighborhood::N6},
-                                                                                      {"N8", Neighborhood::N8},
-                                                                                      {"N12", Neighborhood::N12},
-                                                                                      {"N14I", Neighborhood::N14I},
-                                                                                      {"N14II", Neighborhood::N14II},
-                                                                                      {"N26", Neighborhood::N26}}};
-    auto const system = std::find_if(kSystems.begin(), kSystems.end(),
-                                     [&name](auto const& candidate) { return candidate.first == name; });
-    if (system == kSystems.end()) {
-        throw UserError("--neighborhood " + name + ": expected N6, N8, N12, N14I, N14II or N26");
-    }
-    return system->second;
-}
-
 Box parseBox(std::string const& text) {
     std::string const expected = "six whole numbers X0,Y0,Z0,X1,Y1,Z1, the first voxel and the last";
     auto const v = parseWholes("--box", text, ',', 6, 0, expected);
@@ -163,6 +182,20 @@ Box parseBox(std::string const& text) {
         }
     }
     return box;
+}
+
+PictureSize parseSize(std::string const& text) {
+    auto const size = parseWholes("--size", text, 'x', 2, 1, "WxH, two whole numbers of at least 1");
+    return {size[0], size[1]};
+}
+
+View parseView(std::string const& text) {
+    std::string const expected = "AZIMUTH,ELEVATION, two numbers of degrees, the second from -90 to 90";
+    auto const view = parseNumbers("--view", text, ',', 2, expected);
+    if (std::abs(view[1]) > 90) {
+        throw UserError("--view " + text + ": expected " + expected);
+    }
+    return {view[0], view[1]};
 }
 
 RenderOptions renderOptions(Texts const& texts) {
@@ -178,21 +211,39 @@ RenderOptions renderOptions(Texts const& texts) {
     if (options.min && options.max && *options.min > *options.max) {
         throw UserError("--min " + texts.min + ": expected at most --max " + texts.max);
     }
-    options.neighborhoodName = texts.neighborhood;
-    options.neighborhood = neighborhood(texts.neighborhood);
+    options.systems = parseSystems(texts.neighborhood);
     options.step = parseWhole("--step", texts.step, 1);
     if (!texts.box.empty()) {
         options.box = parseBox(texts.box);
     }
-    auto const size = parseWholes("--size", texts.size, 'x', 2, 1, "WxH, two whole numbers of at least 1");
-    options.size = {size[0], size[1]};
-    std::string const expectedView = "AZIMUTH,ELEVATION, two numbers of degrees, the second from -90 to 90";
-    auto const view = parseNumbers("--view", texts.view, ',', 2, expectedView);
-    if (std::abs(view[1]) > 90) {
-        throw UserError("--view " + texts.view + ": expected " + expectedView);
-    }
-    options.view = {view[0], view[1]};
+    options.size = parseSize(texts.size);
+    options.view = parseView(texts.view);
     options.isVerbose = texts.isVerbose;
+    return options;
+}
+
+std::vector<int> parseConfigurations(std::string const& text) {
+    std::string const expected = "whole numbers from 0 to 255 with commas between them";
+    auto const count = static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + 1;
+    std::vector<int> configurations = parseWholes("--configurations", text, ',', count, 0, expected);
+    if (*std::max_element(configurations.begin(), configurations.end()) > 255) {
+        throw UserError("--configurations " + text + ": expected " + expected);
+    }
+    return configurations;
+}
+
+AtlasOptions atlasOptions(Texts const& texts) {
+    AtlasOptions options;
+    options.output = texts.output;
+    options.systems = parseSystems(texts.neighborhood);
+    if (!texts.configurations.empty()) {
+        options.configurations = parseConfigurations(texts.configurations);
+    } else if (options.systems.size() > 1) {
+        throw UserError("--neighborhood " + texts.neighborhood +
+                        ": expected a single system, or --configurations for several");
+    }
+    options.size = parseSize(texts.size);
+    options.view = parseView(texts.view);
     return options;
 }
 
@@ -202,9 +253,10 @@ namespace tamo {
 
 Request parseCommandLine(int argumentCount, char const* const* arguments) {
     Texts texts;
+    Texts atlasTexts = atlasDefaults();
     CLI::App app(std::string("Shows volumes and draws the surfaces of their foreground.\n") + kFormats, "tamo");
     app.set_version_flag("--version", "tamo " TAMO_VERSION);
-    app.footer(std::string(kExamples) + "\nSee also: tamo info --help, tamo render --help");
+    app.footer(std::string(kExamples) + "\nSee also: tamo info --help, tamo render --help, tamo atlas --help");
     app.require_subcommand(1);
     CLI::App* const info = app.add_subcommand("info", "Print dimensions, type, spacing, value range and bytes");
     addVolumeOptions(*info, texts);
@@ -213,6 +265,9 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
     addVolumeOptions(*render, texts);
     addRenderOptions(*render, texts);
     render->footer(std::string("\n") + kFormats + kRenderExamples);
+    CLI::App* const atlas = app.add_subcommand("atlas", "Draw the cell configurations with their polygons into a PNG");
+    addAtlasOptions(*atlas, atlasTexts);
+    atlas->footer(kAtlasExamples);
     try {
         refuseEmptyValues(app);
         app.parse(argumentCount, arguments);
@@ -221,12 +276,15 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
         return {};
     } catch (CLI::ParseError const& error) {
         if (app.get_subcommands().empty()) {
-            throw UserError("expected a command, info or render; see tamo --help");
+            throw UserError("expected a command, info, render or atlas; see tamo --help");
         }
         throw UserError(messageOf(error) + "; see tamo --help");
     }
     if (info->parsed()) {
         return InfoOptions{volumeSource(texts)};
+    }
+    if (atlas->parsed()) {
+        return atlasOptions(atlasTexts);
     }
     return renderOptions(texts);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "AtlasCommand.h"
 #include "RenderCommand.h"
 #include "VolumeReader.h"
 
@@ -14,7 +15,7 @@ struct InfoOptions {
 };
 
 /// Says what the command line asks for; nothing where it asked for help or the version, which are printed then.
-using Request = std::variant<std::monostate, InfoOptions, RenderOptions>;
+using Request = std::variant<std::monostate, InfoOptions, RenderOptions, AtlasOptions>;
 
 /// Reads the command line. Throws `UserError` for one that cannot be followed.
 Request parseCommandLine(int argumentCount, char const* const* arguments);

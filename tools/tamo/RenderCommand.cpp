@@ -3,6 +3,7 @@
 #include "RenderCommand.h"
 
 #include "OffscreenContext.h"
+#include "Panels.h"
 #include "PictureFile.h"
 #include "ScalarType.h"
 #include "StageTimer.h"
@@ -133,22 +134,15 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
     return scan;
 }
 
-void makeObjects(RenderOptions const& options, GLObjectList& objects) {
-    try {
-        GLObjectListForNeighborhood(options.neighborhood, objects);
-    } catch (TamoException const& error) {
-        throw UserError("--neighborhood " + options.neighborhoodName + ": " + error.what());
-    }
-}
-
-GLDataInfo count(RenderOptions const& options, Scan const& scan, GLObjectList const& objects) {
+GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan const& scan,
+                 GLObjectList const& objects) {
     GLDataInfo info;
     getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
                   info);
     if (info.primitives() == 0) {
         throw UserError("--step " + std::to_string(options.step) + ": expected a step that meets the foreground");
     }
-    std::cout << "surface     " << options.neighborhoodName << ", step " << options.step << ": " << info.primitives()
+    std::cout << "surface     " << system.name << ", step " << options.step << ": " << info.primitives()
               << " primitives, " << info.triangles() << " triangles, " << info.vertices() << " vertices\n";
     return info;
 }
@@ -165,15 +159,41 @@ GLuint compile(Scan const& scan, GLObjectList const& objects, GLDataInfo const& 
     return list;
 }
 
-int chooseSamples(PictureSize size) {
-    // What Mesa's software rasteriser can draw, and every hardware of the last ten years.
-    constexpr int kMaxSide = 16384;
-    int const samples = pixelSamples(size, kMaxSide);
-    if (samples == 0) {
-        throw UserError("--size " + std::to_string(size.width) + "x" + std::to_string(size.height) +
-                        ": expected at most " + std::to_string(kMaxSide) + " pixels a side");
+/// Draws the surface of every system into its panel.
+class PanelPainter {
+  public:
+    PanelPainter(RenderOptions const& options, Scan const& scan, Volume const& geometry, int samples)
+        : _options(options), _scan(scan), _geometry(geometry), _samples(samples) {}
+
+    void draw(std::size_t i, GLObjectList const& objects, GLDataInfo const& info, StageTimer& timer) {
+        Panel const panel = panelOf(_options.size, i, _options.systems.size());
+        GLuint const surface = timer.run("scan", [&] { return compile(_scan, objects, info); });
+        timer.run("draw", [&] {
+            bool const isAlone = _options.systems.size() == 1;
+            GLuint const list =
+                isAlone ? surface : compileLabelled(surface, _options.systems[i].name, panel.size, _samples);
+            Camera const camera = frameForeground(_scan.binary, _geometry, _scan.step, _options.view, panel.size);
+            placePanel(drawSurface(list, camera, panel.size, _samples), panel, _options.size, _picture);
+        });
+        glDeleteLists(surface, 1);
     }
-    return samples;
+
+    [[nodiscard]] Picture const& picture() const { return _picture; }
+
+  private:
+    RenderOptions const& _options;
+    Scan const& _scan;
+    Volume const& _geometry;
+    int _samples;
+    Picture _picture;
+};
+
+int choosePanelSamples(RenderOptions const& options) {
+    if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
+        throw UserError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
+                        ": expected a pixel of width or more for each --neighborhood");
+    }
+    return chooseSamples(options.size);
 }
 
 } // namespace
@@ -182,26 +202,35 @@ namespace tamo {
 
 void renderVolume(RenderOptions const& options) {
     StageTimer timer;
-    int const samples = chooseSamples(options.size);
+    int const samples = choosePanelSamples(options);
     PictureFile file(options.output);
 
-    // The list comes first: a system that cannot be built should not wait for the volume.
-    GLObjectList objects;
-    timer.run("object list", [&] { makeObjects(options, objects); });
+    // The lists come first: a system that cannot be built should not wait for the volume.
+    std::size_t const systems = options.systems.size();
+    std::vector<GLObjectList> objects(systems);
+    timer.run("object list", [&] {
+        for (std::size_t i = 0; i < systems; ++i) {
+            makeObjects(options.systems[i], objects[i]);
+        }
+    });
     Volume volume = timer.run("read", [&] { return readSource(options); });
     Box const box = chooseBox(options, volume.size);
     Scan const scan = timer.run("threshold", [&] { return threshold(options, volume, box); });
     // Size, spacing and axes are still needed, the voxels are not.
     volume.image = nullptr;
-    GLDataInfo const info = timer.run("count", [&] { return count(options, scan, objects); });
+    std::vector<GLDataInfo> infos(systems);
+    timer.run("count", [&] {
+        for (std::size_t i = 0; i < systems; ++i) {
+            infos[i] = count(options.systems[i], options, scan, objects[i]);
+        }
+    });
 
     OffscreenContext const context(options.size.width * samples, options.size.height * samples);
-    GLuint const list = timer.run("scan", [&] { return compile(scan, objects, info); });
-    Picture const picture = timer.run("draw", [&] {
-        Camera const camera = frameForeground(scan.binary, volume, scan.step, options.view, options.size);
-        return drawSurface(list, camera, options.size, samples);
-    });
-    timer.run("write", [&] { file.write(picture); });
+    PanelPainter painter(options, scan, volume, samples);
+    for (std::size_t i = 0; i < systems; ++i) {
+        painter.draw(i, objects[i], infos[i], timer);
+    }
+    timer.run("write", [&] { file.write(painter.picture()); });
     std::cout << "picture     " << options.output.string() << ", " << options.size.width << " x " << options.size.height
               << "\n";
     if (options.isVerbose) {

@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "AdjacencyNames.h"
 #include "BinaryVolume.h"
 #include "Camera.h"
 #include "VolumeReader.h"
 
-#include <tamo/neighborhood/Neighborhood.h>
-
 #include <filesystem>
 #include <optional>
-#include <string>
+#include <vector>
 
 namespace tamo {
 
@@ -19,8 +18,8 @@ struct RenderOptions {
     std::filesystem::path output;
     std::optional<double> min;
     std::optional<double> max;
-    std::string neighborhoodName;
-    Neighborhood::NHConfig neighborhood = Neighborhood::N14II;
+    /// At least one; each has a panel of the picture.
+    std::vector<NamedSystem> systems;
     int step = 1;
     std::optional<Box> box;
     PictureSize size{};
@@ -28,7 +27,7 @@ struct RenderOptions {
     bool isVerbose = false;
 };
 
-/// Draws the surface of a volume's foreground into a PNG file and prints its figures.
+/// Draws the surface of a volume's foreground into a PNG file, once a system, and prints its figures.
 void renderVolume(RenderOptions const& options);
 
 } // namespace tamo

@@ -80,9 +80,16 @@ Picture reduce(std::vector<unsigned char> const& drawn, PictureSize size, int sa
 
 namespace tamo {
 
-int pixelSamples(PictureSize size, int maxSide) {
+int chooseSamples(PictureSize size) {
+    // What Mesa's software rasteriser can draw, and every hardware of the last ten years.
+    constexpr int kMaxSide = 16384;
     constexpr int kMost = 3;
-    return std::min(kMost, maxSide / std::max(size.width, size.height));
+    int const samples = std::min(kMost, kMaxSide / std::max(size.width, size.height));
+    if (samples == 0) {
+        throw UserError("--size " + std::to_string(size.width) + "x" + std::to_string(size.height) +
+                        ": expected at most " + std::to_string(kMaxSide) + " pixels a side");
+    }
+    return samples;
 }
 
 Picture drawSurface(unsigned int displayList, Camera const& camera, PictureSize size, int samples) {

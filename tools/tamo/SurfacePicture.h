@@ -14,9 +14,9 @@ struct Picture {
     std::vector<unsigned char> pixels;
 };
 
-/// Returns how many samples a side each pixel of a picture of that size is drawn with, for a machine whose pictures may
-/// measure `maxSide`; 0 where the picture itself is too large.
-int pixelSamples(PictureSize size, int maxSide);
+/// Returns how many samples a side each pixel of a picture of that size is drawn with. Throws `UserError` for a picture
+/// that is too large.
+int chooseSamples(PictureSize size);
 
 /// Draws a display list of a surface in the current context, lit from the viewer's upper left, and reads it back. The
 /// context's picture measures `samples` times `size`. Throws `UserError` where OpenGL reports an error.

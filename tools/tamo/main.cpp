@@ -24,6 +24,8 @@ void run(tamo::Request const& request) {
         tamo::printVolumeInfo(info->source);
     } else if (auto const* const render = std::get_if<tamo::RenderOptions>(&request)) {
         tamo::renderVolume(*render);
+    } else if (auto const* const atlas = std::get_if<tamo::AtlasOptions>(&request)) {
+        tamo::drawAtlas(*atlas);
     }
 }
 

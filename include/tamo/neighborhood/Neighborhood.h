@@ -61,6 +61,12 @@ class TAMO_EXPORT Neighborhood {
     /// Returns the number (not the byte) of the i-th link that is both a foreground and a background link.
     [[nodiscard]] unsigned int getConnIdx(unsigned int i) const;
 
+    /// Lists the connected pieces of the foreground of configuration `conf`, as corner bytes ordered by lowest corner.
+    /// `objects` is cleared first. Returns the number of pieces. Throws `std::bad_alloc`.
+    unsigned int getFgObjects(unsigned char conf, std::vector<unsigned char>& objects) const;
+    /// Lists the connected pieces of the background, the clear bits of `conf`, under the background links, as above.
+    unsigned int getBgObjects(unsigned char conf, std::vector<unsigned char>& objects) const;
+
     /// Prints configuration `conf` on standard output: corner 7 first, "*" foreground, "0" background, and a line end.
     void show(unsigned char conf) const;
 
@@ -89,15 +95,17 @@ class TAMO_EXPORT Neighborhood {
 
     int setupConnect();
 
-    std::vector<unsigned int> _fgConn;
-    std::vector<unsigned int> _bgConn;
-    std::vector<unsigned char> _conn;
-    std::vector<unsigned int> _connIdx;
-
   protected:
+    /// Numbers of the foreground links, in the order of connection.
+    std::vector<unsigned int> _fgConn;
+    /// Numbers of the background links, ascending.
+    std::vector<unsigned int> _bgConn;
+    /// The 28 links: edges, face diagonals, space diagonals.
+    std::vector<unsigned char> _conn;
+    /// Numbers of the links that are both, ascending.
+    std::vector<unsigned int> _connIdx;
     /// The corner positions, shared by all copies.
     std::shared_ptr<GLUnitCube const> _vertices;
-
-  private:
+    /// The system last set up; 0 after construction.
     NHConfig _config;
 };

@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "CaseHandler.h"
+
+#include <tamo/conn/GLConn.h>
+
+#include <cmath>
+#include <iostream>
+
+using tamo::appendPolygon;
+using tamo::cornerOrZero;
+using tamo::firstVertex;
+
+// Each of these cases is one triangle fan; they differ in the vertex from which it starts.
+
+bool GLConn::handleDefault(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
+                           unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
+    desc.arrange(0, 0, sdiag);
+    appendPolygon(*obj, desc);
+    return true;
+}
+
+bool GLConn::handlePixel(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
+                         unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
+    auto const onFaceDiagonal = [&](unsigned char k) { return (getVInfo(desc.conn[k]) & kFaceDiagonalInfo) != 0; };
+    desc.arrange(firstVertex(desc, 0, onFaceDiagonal), 0, sdiag);
+    appendPolygon(*obj, desc);
+    return true;
+}
+
+bool GLConn::handleCEdge(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char /*fg*/,
+                         unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
+    desc.fan = true;
+    desc.strip = false;
+    unsigned char start = 0;
+    if ((vinfo & kSpaceDiagonalInfo) == 0) {
+        start =
+            firstVertex(desc, 0, [&](unsigned char k) { return (getVInfo(desc.conn[k]) & kFaceDiagonalInfo) != 0; });
+    }
+    desc.arrange(start, 0, sdiag);
+    appendPolygon(*obj, desc);
+    return true;
+}
+
+bool GLConn::handleCFDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char fg,
+                          unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
+    unsigned int const a = cornerOrZero(fg, 0);
+    unsigned int const b = cornerOrZero(fg, a + 1);
+    GLVec3f const diagonal = _vertices->vertex(a) - _vertices->vertex(b);
+    auto const isAcross = [&](unsigned char k) { return std::fabs(diagonal.dot(desc.normal(k))) < 0.0001F; };
+    desc.arrange(firstVertex(desc, 0, isAcross), 0, sdiag);
+    appendPolygon(*obj, desc);
+    return true;
+}
+
+bool GLConn::handleC7(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg,
+                      bool inv, bool sdiag) {
+    if ((vinfo & kSpaceDiagonalInfo) != 0) {
+        desc.arrange(0, 0, /*close=*/true);
+        appendPolygon(*obj, desc);
+        return true;
+    }
+    // The two edges of the three corners meet in the middle one: the fan starts at its point.
+    unsigned int const shape = inv ? bg : fg;
+    unsigned int const edgeInfo = kEdgeInfo | (inv ? kBackgroundInfo : kForegroundInfo);
+    unsigned int last = 0;
+    unsigned int secondLast = 0;
+    for (unsigned int i = 0; i < getConnSize(); ++i) {
+        if ((getConn(i) & ~shape) == 0 && (getVInfo(i) & edgeInfo) == edgeInfo) {
+            secondLast = last;
+            last = i;
+        }
+    }
+    unsigned int const middle = static_cast<unsigned int>(getConn(secondLast)) & getConn(last);
+    unsigned int const kind = (vinfo & kFaceDiagonalInfo) != 0 ? kFaceDiagonalInfo : kEdgeInfo;
+    auto const isAtMiddle = [&](unsigned char k) {
+        return (getConn(desc.conn[k]) & middle) == middle && (getVInfo(desc.conn[k]) & kind) != 0;
+    };
+    constexpr unsigned char kNoVertex = 255;
+    unsigned char const start = firstVertex(desc, kNoVertex, isAtMiddle);
+    if (start == kNoVertex) {
+        // Only systems that are not made by cases, N14II among them, have such a component.
+        std::cerr << "no vertex found" << std::endl;
+        return false;
+    }
+    desc.arrange(start, 0, sdiag);
+    appendPolygon(*obj, desc);
+    return true;
+}
+
+bool GLConn::handleC41(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
+                       unsigned char /*bg*/, bool /*inv*/, bool /*sdiag*/) {
+    constexpr unsigned char kNoVertex = 255;
+    unsigned char const centre = firstVertex(
+        desc, kNoVertex, [&](unsigned char k) { return (getVInfo(desc.conn[k]) & kSpaceDiagonalInfo) != 0; });
+    if (centre == kNoVertex) {
+        std::cerr << "no vertex found" << std::endl;
+        return false;
+    }
+    GLVec3f const axis = desc.normal(centre);
+    desc.arrange(centre, 0, /*close=*/true, axis);
+    appendPolygon(*obj, desc);
+    return true;
+}

@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include <tamo/conn/GLPolygonDesc.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <iostream>
+#include <utility>
+
+namespace {
+
+constexpr unsigned char kMaxVertices = 26;
+constexpr double kPi = 3.141592653589793;
+constexpr double kTwoPi = 6.283185307179586;
+constexpr GLVec3f kCellCentre(0.5F, 0.5F, 0.5F);
+
+/// Measures the counter-clockwise turn, about an axis through the centroid, from a reference vertex to another.
+class Turn {
+  public:
+    Turn(GLVec3f const& axis, GLVec3f const& centre, GLVec3f const& reference)
+        : _axis(axis), _centre(centre), _axisSquared(axis.dot(axis)), _reference(inwardOffset(reference)),
+          _referenceLength(_reference.length()) {}
+
+    /// Returns the angle to `position`, in [0, 2 pi).
+    [[nodiscard]] double to(GLVec3f const& position) const {
+        GLVec3f const offset = inwardOffset(position);
+        // Near -1 the cosine is too coarse to tell the two sides apart: the opposite vertex is recognised by its place.
+        GLVec3f const gap = _reference * -1.0F - offset;
+        if (static_cast<double>(gap.dot(gap)) < 0.0001) {
+            return kPi;
+        }
+        float cosine = _reference.dot(offset) / (offset.length() * _referenceLength);
+        if (cosine < -1.0F) {
+            cosine = -1.0F;
+        } else if (cosine > 1.0F) {
+            cosine = 1.0F;
+        }
+        double const angle = std::acos(cosine);
+        return offset.cross(_reference).dot(_axis) >= 0.0F ? kTwoPi - angle : angle;
+    }
+
+  private:
+    /// Returns the way from `position`, projected along the axis, to the centroid.
+    [[nodiscard]] GLVec3f inwardOffset(GLVec3f const& position) const {
+        float const t = (position - _centre).dot(_axis) / _axisSquared;
+        return _axis * t + _centre - position;
+    }
+
+    GLVec3f _axis;
+    GLVec3f _centre;
+    float _axisSquared;
+    GLVec3f _reference;
+    float _referenceLength;
+};
+
+} // namespace
+
+GLPolygonDesc::GLPolygonDesc(std::vector<GLVec3f> const& pointTable, unsigned char linkCount)
+    : connCount(linkCount), conn(linkCount), normalIndex(linkCount), normals(), points(&pointTable) {}
+
+bool GLPolygonDesc::addVertex(unsigned char link, GLVec3f const& normal) {
+    if (count >= kMaxVertices || link >= connCount) {
+        return false;
+    }
+    conn[count] = link;
+    normalIndex[count] = count;
+    normals[count] = normal;
+    ++count;
+    ccw = false;
+    return true;
+}
+
+bool GLPolygonDesc::removeVertex(unsigned char link) {
+    auto const end = conn.begin() + count;
+    auto const found = std::find(conn.begin(), end, link);
+    if (found == end) {
+        return false;
+    }
+    normalIndex.erase(normalIndex.begin() + (found - conn.begin()));
+    conn.erase(found);
+    --count;
+    ccw = false;
+    return true;
+}
+
+void GLPolygonDesc::swapVertices(unsigned char i, unsigned char j) {
+    if (i >= count || j >= count) {
+        // A handler has lost count of its vertices: what follows would be a wrong surface.
+        std::cerr << "GLPolygonDesc::swapVertices invalid index" << std::endl;
+        std::abort();
+    }
+    std::swap(conn[i], conn[j]);
+    std::swap(normalIndex[i], normalIndex[j]);
+}
+
+GLVec3f const& GLPolygonDesc::position(unsigned int k) const { return (*points)[conn[k]]; }
+
+GLVec3f const& GLPolygonDesc::normal(unsigned int k) const { return normals[normalIndex[k]]; }
+
+void GLPolygonDesc::computeCentre() {
+    centre = GLVec3f();
+    meanNormal = GLVec3f();
+    if (count == 0) {
+        return;
+    }
+    for (unsigned int k = 0; k < count; ++k) {
+        centre += position(k);
+        meanNormal += normal(k);
+    }
+    auto const vertices = static_cast<float>(count);
+    centre = GLVec3f(centre.x / vertices, centre.y / vertices, centre.z / vertices);
+    meanNormal.normalize();
+}
+
+void GLPolygonDesc::arrange(unsigned char first, unsigned char second, bool close,
+                            std::optional<GLVec3f> const& givenNormal) {
+    computeCentre();
+    GLVec3f axis = meanNormal;
+    if (first != 0) {
+        swapVertices(0, first);
+    }
+    if (second != 0) {
+        swapVertices(1, second);
+    }
+    unsigned char const centrePlace = moveCentreToFront(axis);
+    unsigned int start = 0;
+    if (hasCentre && centrePlace != 0) {
+        // The first vertex now stands where the centre was; it and the second follow the centre.
+        start = 1;
+        if (second != 0) {
+            swapVertices(1, 2);
+            start = 2;
+        }
+        swapVertices(centrePlace, 1);
+    }
+    sortByAngle(start, givenNormal.value_or(axis));
+    setClosing(close);
+}
+
+/// Swaps a vertex on the centroid or the cell centre to the front and returns where it stood; sets `hasCentre`. Where
+/// `axis` is zero, that vertex's normal takes its place.
+unsigned char GLPolygonDesc::moveCentreToFront(GLVec3f& axis) {
+    hasCentre = false;
+    for (unsigned char k = 0; k < count; ++k) {
+        if (position(k) != centre && position(k) != kCellCentre) {
+            continue;
+        }
+        hasCentre = true;
+        if (axis == GLVec3f()) {
+            axis = normal(k);
+        }
+        if (k != 0) {
+            swapVertices(0, k);
+        }
+        return k;
+    }
+    return 0;
+}
+
+void GLPolygonDesc::sortByAngle(unsigned int start, GLVec3f const& axis) {
+    if (start >= count) {
+        return;
+    }
+    Turn const turn(axis, centre, position(start));
+    std::array<double, kMaxVertices> angles{};
+    for (unsigned int j = start + 1; j < count; ++j) {
+        angles[j] = turn.to(position(j));
+    }
+    for (unsigned int a = start + 1; a + 1 < count; ++a) {
+        for (unsigned int b = a + 1; b < count; ++b) {
+            if (angles[a] > angles[b]) {
+                // The larger angle is rounded to single precision as it moves: the order of near-equal angles, and with
+                // it the triangles of a fan, hangs on this.
+                auto const moved = static_cast<float>(angles[a]);
+                angles[a] = angles[b];
+                angles[b] = static_cast<double>(moved);
+                swapVertices(static_cast<unsigned char>(a), static_cast<unsigned char>(b));
+            }
+        }
+    }
+}
+
+void GLPolygonDesc::setClosing(bool close) {
+    closed = close && (hasCentre || fan);
+    if (closed) {
+        conn[count] = conn[1];
+        normalIndex[count] = normalIndex[1];
+        ++count;
+    }
+    ccw = true;
+}
+
+std::unique_ptr<GLPolygon> GLPolygonDesc::createPolygon() const {
+    auto polygon = std::make_unique<GLPolygon>(static_cast<unsigned int>(count));
+    for (unsigned int k = 0; k < count; ++k) {
+        polygon->vertex(k) = position(k);
+        polygon->normal(k) = normal(k);
+    }
+    polygon->setProperties(fan, strip, closed, ccw);
+    return polygon;
+}

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "support/Digest.h"
+#include "support/FailingNew.h"
+
+#include <tamo/conn/GLConn.h>
+#include <tamo/surface/TAMO.h>
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+namespace {
+
+using namespace tamo::test;
+
+std::uint64_t digestOf(GLObjectList const& list) {
+    Digest digest;
+    digest.add(list);
+    return digest.value();
+}
+
+/// Runs `call` with its first, second, ... allocation failing, until there is none left to fail. Returns their number.
+template <typename Call> std::size_t failEachAllocation(Call const& call) {
+    for (std::size_t failing = 1;; ++failing) {
+        bool hasFailed = false;
+        bool hasThrown = false;
+        {
+            FailingNew const guard(failing);
+            try {
+                call();
+            } catch (std::bad_alloc const&) {
+                hasThrown = true;
+            }
+            hasFailed = FailingNew::hasFailed();
+        }
+        EXPECT_EQ(hasThrown, hasFailed) << failing;
+        if (!hasFailed || testing::Test::HasFailure()) {
+            return failing - 1;
+        }
+    }
+}
+
+class GLConnAllocation : public testing::TestWithParam<Neighborhood::NHConfig> {};
+
+TEST_P(GLConnAllocation, FailureAnywhereInABuildLeaksNothing) {
+    GLConn conn;
+    // Streams and lists of the first run stay allocated.
+    {
+        GLObjectList list;
+        conn.wrapLocal(GetParam(), &list, true);
+    }
+    std::ptrdiff_t const before = FailingNew::liveBlocks();
+    std::size_t const allocations = failEachAllocation([&] {
+        GLObjectList list;
+        conn.wrapLocal(GetParam(), &list, true);
+    });
+    EXPECT_GT(allocations, 700U);
+    EXPECT_EQ(FailingNew::liveBlocks(), before);
+}
+
+TEST_P(GLConnAllocation, ListAndBuilderAreUsableAfterAFailure) {
+    GLConn conn;
+    GLObjectList expected;
+    conn.wrapLocal(GetParam(), &expected, true);
+    GLObjectList list;
+    for (std::size_t const failing : {1U, 2U, 3U, 10U, 100U, 500U}) {
+        {
+            FailingNew const guard(failing);
+            EXPECT_THROW(conn.wrapLocal(GetParam(), &list, true), std::bad_alloc);
+        }
+        // A slot that is there holds an object: the list can be read and cleared.
+        for (GLObject const* object : list) {
+            EXPECT_NE(object, nullptr);
+        }
+        conn.wrapLocal(GetParam(), &list, true);
+        EXPECT_EQ(digestOf(list), digestOf(expected));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, GLConnAllocation,
+                         testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I),
+                         testing::PrintToStringParamName());
+
+TEST(GLConnConstruction, FailureLeaksNothing) {
+    std::ptrdiff_t const before = FailingNew::liveBlocks();
+    EXPECT_GT(failEachAllocation([] { GLConn const conn(Neighborhood::N14I); }), 8U);
+    EXPECT_EQ(FailingNew::liveBlocks(), before);
+}
+
+TEST(GLConnConstruction, FailedCopyLeaksNothing) {
+    GLConn const source(Neighborhood::N26);
+    std::ptrdiff_t const before = FailingNew::liveBlocks();
+    EXPECT_GT(failEachAllocation([&source] { EXPECT_EQ(GLConn(source).getFgConnSize(), 28U); }), 8U);
+    EXPECT_EQ(FailingNew::liveBlocks(), before);
+}
+
+TEST(GLObjectListForNeighborhoodAllocation, FailurePassesThrough) {
+    GLObjectList list;
+    GLObjectListForNeighborhood(Neighborhood::N26, list);
+    std::ptrdiff_t const before = FailingNew::liveBlocks();
+    for (std::size_t const failing : {1U, 20U, 300U}) {
+        FailingNew const guard(failing);
+        EXPECT_THROW(GLObjectListForNeighborhood(Neighborhood::N26, list), std::bad_alloc);
+    }
+    GLObjectListForNeighborhood(Neighborhood::N26, list);
+    EXPECT_EQ(FailingNew::liveBlocks(), before);
+}
+
+} // namespace
