@@ -130,6 +130,13 @@ TEST_F(WrapGlobalPositions, ExtentsAreReadAsUnsigned) {
     EXPECT_EQ(xPositions(1500000000U, 7, 4294967295U), (std::vector<float>{-1500000000.0F, 7.0F, 1500000000.0F}));
 }
 
+TEST_F(WrapGlobalPositions, StepsAreReadAsUnsigned) {
+    unsigned char const voxel = 1;
+    ObjectCollector receiver;
+    ASSERT_TRUE(wrapGlobal(&voxel, {0, 0, 0}, 4294967295U, {0, 0, 0}, {-1, -1, -1}, list, receiver));
+    EXPECT_EQ(receiver.lastVertices, std::vector<GLVec3f>(8, GLVec3f(4294967296.0F, 2147483648.0F, 0.0F)));
+}
+
 class WrapGlobalImage : public WrapGlobalLists {};
 
 TEST_F(WrapGlobalImage, ScansTheWholeImageAsTheBufferForm) {

@@ -57,9 +57,14 @@ ToolRun runTool(std::vector<std::string> const& arguments) {
     return runProgram(arguments, [](pid_t) {});
 }
 
-ToolRun interruptTool(std::vector<std::string> const& arguments, unsigned int milliseconds) {
-    return runProgram(arguments, [milliseconds](pid_t child) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+ToolRun interruptTool(std::vector<std::string> const& arguments, std::function<bool()> const& isTime) {
+    return runProgram(arguments, [&isTime](pid_t child) {
+        auto const end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (!isTime() && std::chrono::steady_clock::now() < end) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        // What was seen may be half done.
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
         kill(child, SIGINT);
     });
 }

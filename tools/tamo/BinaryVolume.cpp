@@ -3,18 +3,11 @@
 #include "BinaryVolume.h"
 
 #include "ScalarType.h"
-#include "UserError.h"
-
-#include <limits>
 
 namespace tamo {
 
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress) {
     Size3 const& size = volume.size;
-    if (std::int64_t{size[0]} * size[1] > std::numeric_limits<int>::max()) {
-        throw UserError("expected slices of less than 2^31 voxels, found " + std::to_string(size[0]) + " x " +
-                        std::to_string(size[1]));
-    }
     BinaryVolume binary;
     binary.size = size;
     auto const sliceVoxels = static_cast<std::size_t>(size[0]) * static_cast<std::size_t>(size[1]);

@@ -30,7 +30,7 @@ struct BinaryVolume {
 };
 
 /// Marks the voxels of `box` whose value lies in `range`, ends included; a voxel without a value (NaN) is background.
-/// Throws `UserError` for a volume of slices with more than 2^31 - 1 voxels.
+/// The volume's slices must not have more than 2^31 - 1 voxels.
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress);
 
 } // namespace tamo

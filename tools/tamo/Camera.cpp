@@ -27,11 +27,6 @@ std::array<Vector3, 3> voxelSteps(Volume const& geometry, View view) {
     return steps;
 }
 
-double determinant(std::array<Vector3, 3> const& m) {
-    return m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) - m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0]) +
-           m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]);
-}
-
 struct Extent {
     Vector3 low;
     Vector3 high;
@@ -90,7 +85,6 @@ Camera frameForeground(BinaryVolume const& binary, Volume const& geometry, unsig
     auto const steps = voxelSteps(geometry, view);
     Extent const extent = screenExtent(binary, steps, step);
     Camera camera;
-    camera.isMirrored = determinant(steps) < 0;
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column) {
             camera.modelView[4 * column + row] = steps[row][column];

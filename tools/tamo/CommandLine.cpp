@@ -119,6 +119,24 @@ template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
     return {values[0], values[1], values[2]};
 }
 
+/// Refuses empty values of all options of the commands: what a script has left unset does not stand for the default.
+void refuseEmptyValues(CLI::App& app) {
+    for (CLI::App* const command : app.get_subcommands(nullptr)) {
+        for (CLI::Option* const option : command->get_options()) {
+            option->check([](std::string const& text) { return text.empty() ? "expected a value, found none" : ""; });
+        }
+    }
+}
+
+/// Says in one line what is wrong with the arguments.
+std::string messageOf(CLI::ParseError const& error) {
+    std::string const text = error.what();
+    // The parser counts arguments here; all options of this program take one value, once.
+    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)
+               ? text.substr(0, text.find(':')) + ": expected once, with one value"
+               : text;
+}
+
 RawLayout rawLayout(Texts const& texts) {
     if (texts.dims.empty() || texts.type.empty()) {
         throw UserError(std::string(texts.dims.empty() ? "--dims" : "--type") +
@@ -251,6 +269,7 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
     addAtlasOptions(*atlas, atlasTexts);
     atlas->footer(kAtlasExamples);
     try {
+        refuseEmptyValues(app);
         app.parse(argumentCount, arguments);
     } catch (CLI::Success const& asked) {
         app.exit(asked);
@@ -259,7 +278,7 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
         if (app.get_subcommands().empty()) {
             throw UserError("expected a command, info, render or atlas; see tamo --help");
         }
-        throw UserError(std::string(error.what()) + "; see tamo --help");
+        throw UserError(messageOf(error) + "; see tamo --help");
     }
     if (info->parsed()) {
         return InfoOptions{volumeSource(texts)};

@@ -64,6 +64,11 @@ std::string text(Size3 const& v, char const* separator) {
 
 /// Returns the box to scan, checked against the volume and the step.
 Box chooseBox(RenderOptions const& options, Size3 const& size) {
+    // The scan takes the address distance of two slices as an int.
+    if (std::int64_t{size[0]} * size[1] > std::numeric_limits<int>::max()) {
+        throw UserError(options.source.path.string() + ": expected slices of less than 2^31 voxels, found " +
+                        std::to_string(size[0]) + " x " + std::to_string(size[1]));
+    }
     Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
     for (std::size_t axis = 0; axis < 3; ++axis) {
         if (box.last[axis] >= size[axis]) {

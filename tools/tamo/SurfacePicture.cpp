@@ -39,7 +39,6 @@ void setScene(Camera const& camera) {
     glClearColor(kBackground, kBackground, kBackground, 1.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     glEnable(GL_DEPTH_TEST);
-    glFrontFace(camera.isMirrored ? GL_CW : GL_CCW);
     glMatrixMode(GL_PROJECTION);
     glLoadMatrixd(camera.projection.data());
 

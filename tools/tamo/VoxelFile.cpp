@@ -153,12 +153,17 @@ void readText(Volume& volume, VoxelLocation const& location, Progress& progress)
                 Number number{};
                 file >> number;
                 voxel = static_cast<T>(number);
+                if constexpr (sizeof(T) == 1) {
+                    if (number != Number{voxel}) {
+                        file.setstate(std::ios::failbit);
+                    }
+                }
             });
             progress.update((z + 1.0) / volume.size[2]);
         }
     });
     if (!file) {
-        throwIncomplete(location.path, "a number for each voxel");
+        throwIncomplete(location.path, "a number of the voxels' type for each");
     }
 }
 
@@ -175,6 +180,11 @@ void readVoxels(Volume& volume, VoxelLocation const& location, Progress& progres
     case VoxelEncoding::Text:
         return readText(volume, location, progress);
     }
+}
+
+std::uint64_t startOfLastBytes(fs::path const& path, std::uint64_t bytes) {
+    std::uint64_t const fileBytes = fs::file_size(path);
+    return fileBytes > bytes ? fileBytes - bytes : 0;
 }
 
 void checkGzipFile(fs::path const& path) {

@@ -83,6 +83,12 @@ void reverseSlices(Volume& volume) {
     }
 }
 
+/// Tells by its first bytes, as VTK does: a name may lie.
+bool isGzipFile(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return file.get() == 0x1F && file.get() == 0x8B;
+}
+
 /// Tells whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
 bool hasClosingTag(std::filesystem::path const& path) {
     std::ifstream file(path, std::ios::binary | std::ios::ate);
@@ -99,7 +105,7 @@ bool hasClosingTag(std::filesystem::path const& path) {
 namespace tamo {
 
 Volume readNifti(std::filesystem::path const& path, Progress& progress) {
-    if (path.extension() != ".nii") {
+    if (isGzipFile(path)) {
         // VTK does not look at the check sum, and a stream that ends early need not miss a voxel.
         checkGzipFile(path);
     }
@@ -113,8 +119,10 @@ Volume readNifti(std::filesystem::path const& path, Progress& progress) {
         throw UserError(path.string() + ": expected one volume, found a series of " +
                         std::to_string(reader->GetTimeDimension()));
     }
-    // The reader hands out stored values; a slope of 0 means that the file does not scale them.
-    if (reader->GetRescaleSlope() != 0.0) {
+    // The reader hands out stored values; a slope of 0, or one that is no number, means that the file does not scale
+    // them.
+    bool const isFinite = std::isfinite(reader->GetRescaleSlope()) && std::isfinite(reader->GetRescaleIntercept());
+    if (isFinite && reader->GetRescaleSlope() != 0.0) {
         volume.slope = reader->GetRescaleSlope();
         volume.intercept = reader->GetRescaleIntercept();
     }
