@@ -130,7 +130,8 @@ double sortByPosition(std::vector<Slice>& slices) {
 }
 
 void copySlice(Slice const& slice, Volume& volume, int z) {
-    auto const rowBytes = static_cast<std::size_t>(volume.size[0] * volume.image->GetScalarSize());
+    auto const rowBytes =
+        static_cast<std::size_t>(volume.size[0]) * static_cast<std::size_t>(volume.image->GetScalarSize());
     for (int y = 0; y < volume.size[1]; ++y) {
         // VTK begins a picture with its bottom row.
         std::memcpy(rowAddress(*volume.image, y, z), rowAddress(*slice.reader->GetOutput(), volume.size[1] - 1 - y, 0),

@@ -105,7 +105,7 @@ Volume readPngSlices(std::vector<fs::path> const& slices, Progress& progress) {
             throw UserError(path.string() + ": expected the size and type of " + slices.front().string());
         }
         // VTK begins a picture with its bottom row.
-        auto const rowBytes = static_cast<std::size_t>(size[0] * slice.GetScalarSize());
+        auto const rowBytes = static_cast<std::size_t>(size[0]) * static_cast<std::size_t>(slice.GetScalarSize());
         for (int y = 0; y < size[1]; ++y) {
             std::memcpy(rowAddress(*volume.image, y, z), rowAddress(slice, size[1] - 1 - y, 0), rowBytes);
         }
