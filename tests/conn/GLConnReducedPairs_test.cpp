@@ -19,7 +19,7 @@ using namespace tamo::test;
 
 class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
-    /// Counts the polygons compared.
+    /// Compares what both builders make of a pair, and counts the polygons. Pairs of too few links are passed over.
     void compare(unsigned int fg, unsigned int bg, std::vector<unsigned int> const& missingLinks) {
         std::optional<PlainCell> cell;
         try {
