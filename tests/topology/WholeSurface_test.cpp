@@ -131,7 +131,7 @@ TEST_P(WholeSurface, EveryConfigurationKeepsAPartOfItsCell) {
 }
 
 TEST_P(WholeSurface, EnclosesTheSumOfItsCells) {
-    forEachRandomSet(4, 12, [&](VoxelSet const& set) {
+    forEachRandomSet(4, 16, [&](VoxelSet const& set) {
         std::int64_t sum = 0;
         VoxelSet const grown = set.complement();
         grown.forEach([&](Triple const& place) {
