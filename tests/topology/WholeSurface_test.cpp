@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DigitalObject.h"
 #include "support/ScannedSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -149,7 +150,6 @@ TEST_P(WholeSurface, EnclosesTheSumOfItsCells) {
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(Systems, WholeSurface, testing::ValuesIn(kSurfaceSystems),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, WholeSurface, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 } // namespace
