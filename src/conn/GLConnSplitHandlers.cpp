@@ -10,13 +10,13 @@
 
 using tamo::appendPolygon;
 using tamo::firstVertex;
+using tamo::isInside;
+using tamo::kNoVertex;
 
 // The two largest cases: a fan from the wrong vertex folds over or runs into a face of the cell, and around a diagonal
 // that the shape itself contains no single fan exists. docs/adjacency.md draws the shapes.
 
 namespace {
-
-constexpr unsigned char kNoVertex = 255;
 
 bool isParallel(GLVec3f const& a, GLVec3f const& b) { return std::fabs(a.dot(b)) > 0.9999F; }
 
@@ -44,15 +44,17 @@ bool GLConn::handleC25(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
         return true;
     }
     unsigned int const shape = inv ? bg : fg;
-    unsigned int edge = 0;
-    unsigned int faceDiagonal = 0;
-    unsigned int spaceDiagonal = 0;
-    for (unsigned int i = 0; i < getConnSize(); ++i) {
-        if ((getConn(i) & ~shape) == 0) {
-            unsigned int const type = getVInfo(i) & kTypeInfo;
-            (type == kEdgeInfo ? edge : type == kFaceDiagonalInfo ? faceDiagonal : spaceDiagonal) = i;
+    // Such a shape has one link of each type.
+    auto const linkOfType = [&](unsigned int type) {
+        unsigned int link = 0;
+        for (unsigned int i = 0; i < getConnSize(); ++i) {
+            link = isInside(getConn(i), shape) && (getVInfo(i) & type) != 0 ? i : link;
         }
-    }
+        return link;
+    };
+    unsigned int const edge = linkOfType(kEdgeInfo);
+    unsigned int const faceDiagonal = linkOfType(kFaceDiagonalInfo);
+    unsigned int const spaceDiagonal = linkOfType(kSpaceDiagonalInfo);
     GLVec3f const along = getNormal(edge, true);
     GLVec3f const across = along.normalizedCross(getNormal(faceDiagonal, true));
     unsigned int const u = static_cast<unsigned int>(getConn(edge)) & getConn(spaceDiagonal);
@@ -107,7 +109,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
     unsigned int centreLink = getConnSize();
     std::array<unsigned int, 3> path{};
     for (unsigned int i = 0; i < getConnSize(); ++i) {
-        if ((getConn(i) & ~shape) != 0) {
+        if (!isInside(getConn(i), shape)) {
             continue;
         }
         if (hasAll(i, kSpaceDiagonalInfo | kBothInfo)) {
@@ -122,8 +124,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
         return true;
     }
     if ((vinfo & kFaceDiagonalInfo) != 0) {
-        auto const isFaceDiagonal = [&](unsigned char k) { return hasAll(desc.conn[k], kFaceDiagonalInfo); };
-        desc.arrange(firstVertex(desc, 0, isFaceDiagonal), 0, /*close=*/false);
+        desc.arrange(findVertexOfType(desc, kFaceDiagonalInfo, 0), 0, /*close=*/false);
         appendPolygon(*obj, desc);
         return true;
     }
@@ -145,7 +146,7 @@ void GLConn::splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsi
     unsigned int secondLast = 0;
     for (unsigned int i = 0; i < getConnSize(); ++i) {
         if ((getVInfo(i) & (kEdgeInfo | kBothInfo)) == (kEdgeInfo | kBothInfo) && (getConn(i) & end) != 0 &&
-            (getConn(i) & ~shape) != 0) {
+            !isInside(getConn(i), shape)) {
             secondLast = last;
             last = i;
         }

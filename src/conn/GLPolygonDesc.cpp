@@ -22,7 +22,7 @@ class Turn {
         : _axis(axis), _centre(centre), _axisSquared(axis.dot(axis)), _reference(inwardOffset(reference)),
           _referenceLength(_reference.length()) {}
 
-    /// Returns the angle to `position`, in [0, 2 pi).
+    /// Returns the angle to `position`. In the reference's own direction it is a full turn, not none.
     [[nodiscard]] double to(GLVec3f const& position) const {
         GLVec3f const offset = inwardOffset(position);
         // Near -1 the cosine is too coarse to tell the two sides apart: the opposite vertex is recognised by its place.

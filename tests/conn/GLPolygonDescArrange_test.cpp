@@ -143,6 +143,18 @@ TEST_F(ArrangeSquare, OppositeVertexStandsAtHalfATurnWhateverTheRounding) {
     pair.expectEqual();
 }
 
+TEST_F(ArrangeSquare, VertexInTheDirectionOfTheStartComesLast) {
+    std::vector<Plain3> points = squarePoints();
+    points[4] = {5, 2, 2};
+    Twins row(points);
+    for (unsigned int const link : {0U, 4U, 3U, 2U, 1U}) {
+        row.add(link, {0, 0, 1});
+    }
+    row.arrange(0, 0, false);
+    EXPECT_EQ(row.order(), (Links{0, 1, 2, 3, 4}));
+    row.expectEqual();
+}
+
 TEST_F(ArrangeSquare, EqualAnglesKeepTheirOrder) {
     add({0, 2, 1, 1, 3, 1}, {0, 0, 1});
     _twins.arrange(0, 0, false);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DigitalObject.h"
 #include "support/ScannedSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -118,13 +119,7 @@ TEST_P(AdjacencyPatterns, EveryPatternOfTwoCellsSideBySideObeysTheLaws) {
     }
 }
 
-std::string nameOf(testing::TestParamInfo<Neighborhood::NHConfig> const& system) {
-    return system.param == Neighborhood::N8    ? "N8"
-           : system.param == Neighborhood::N12 ? "N12"
-                                               : systemName(system.param);
-}
-
-INSTANTIATE_TEST_SUITE_P(Systems, AdjacencyPatterns, testing::ValuesIn(kSurfaceSystems), nameOf);
+INSTANTIATE_TEST_SUITE_P(Systems, AdjacencyPatterns, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 // N8 and N12 are served with the tetrahedra of N14II.
 class SharedAdjacencyPatterns : public AdjacencyPatterns {};
@@ -137,6 +132,6 @@ TEST_P(SharedAdjacencyPatterns, PartAlongTheDiagonalsOfTheTetrahedra) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, SharedAdjacencyPatterns, testing::Values(Neighborhood::N8, Neighborhood::N12),
-                         nameOf);
+                         nameOfSystem);
 
 } // namespace

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DrawnSurface.h"
 #include "support/PlainBuilder.h"
+#include "support/SystemName.h"
 
 #include <tamo/conn/GLConn.h>
 
@@ -138,7 +139,7 @@ TEST_P(FanStart, TrianglesFollowTheLinksAndKeepOffTheFaces) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, FanStart, testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+                         nameOfSystem);
 
 class FanStartOfEdges : public FanStart {};
 
@@ -174,8 +175,7 @@ TEST_P(FanStartOfEdges, FourOfSixStartsServeAPathOfThreeEdges) {
 
 TEST_P(FanStartOfEdges, NothingElseIsOpen) { EXPECT_EQ(_cases.configurations.size(), 48U); }
 
-INSTANTIATE_TEST_SUITE_P(Systems, FanStartOfEdges, testing::Values(Neighborhood::N6, Neighborhood::N26),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, FanStartOfEdges, testing::Values(Neighborhood::N6, Neighborhood::N26), nameOfSystem);
 
 Outline pointsOf(GLPolygon const& polygon) {
     Outline points;

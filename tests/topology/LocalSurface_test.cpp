@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DrawnSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -135,7 +136,6 @@ TEST_P(LocalSurface, NormalsAreNumbersOfUnitLength) {
     EXPECT_EQ(configurationsWithABadNormal(_objects.list()), std::vector<unsigned int>());
 }
 
-INSTANTIATE_TEST_SUITE_P(Systems, LocalSurface, testing::ValuesIn(kSurfaceSystems),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, LocalSurface, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 } // namespace

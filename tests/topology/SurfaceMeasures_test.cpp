@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DigitalObject.h"
 #include "support/ScannedSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -137,8 +138,7 @@ TEST_P(SurfaceMeasures, FlatFacesHaveTheirArea) {
     EXPECT_LE(flat, 2 * 81.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Systems, SurfaceMeasures, testing::ValuesIn(kSurfaceSystems),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, SurfaceMeasures, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 // Five fans of N6 start at a vertex from which an inner edge runs in a cell face. It is the polygon's own: only where
 // two of the five share that face do the drawn triangles meet by four.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DigitalObject.h"
 #include "support/ScannedSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -131,7 +132,7 @@ TEST_P(WholeSurface, EveryConfigurationKeepsAPartOfItsCell) {
 }
 
 TEST_P(WholeSurface, EnclosesTheSumOfItsCells) {
-    forEachRandomSet(4, 12, [&](VoxelSet const& set) {
+    forEachRandomSet(4, 16, [&](VoxelSet const& set) {
         std::int64_t sum = 0;
         VoxelSet const grown = set.complement();
         grown.forEach([&](Triple const& place) {
@@ -149,7 +150,6 @@ TEST_P(WholeSurface, EnclosesTheSumOfItsCells) {
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(Systems, WholeSurface, testing::ValuesIn(kSurfaceSystems),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, WholeSurface, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 } // namespace
