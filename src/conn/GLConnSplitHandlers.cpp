@@ -202,16 +202,12 @@ unsigned char GLConn::findPathStart(GLPolygonDesc const& desc, std::array<unsign
            !(touches(path[middle], path[(middle + 1) % 3]) && touches(path[middle], path[(middle + 2) % 3]))) {
         ++middle;
     }
+    auto const isAcross = [&](unsigned char k, unsigned int end) {
+        GLVec3f const direction = getNormal(path[middle], true).cross(getNormal(path[end], true));
+        return touches(desc.conn[k], path[end]) && isParallel(desc.normal(k), direction);
+    };
     return firstVertex(desc, kNoVertex, [&](unsigned char k) {
-        if ((getVInfo(desc.conn[k]) & kEdgeInfo) == 0) {
-            return false;
-        }
-        for (unsigned int i = 0; i < path.size(); ++i) {
-            GLVec3f const direction = getNormal(path[middle], true).cross(getNormal(path[i], true));
-            if (i != middle && touches(desc.conn[k], path[i]) && isParallel(desc.normal(k), direction)) {
-                return true;
-            }
-        }
-        return false;
+        bool const isOnEdge = (getVInfo(desc.conn[k]) & kEdgeInfo) != 0;
+        return isOnEdge && (isAcross(k, (middle + 1) % 3) || isAcross(k, (middle + 2) % 3));
     });
 }

@@ -19,6 +19,7 @@
 struct TAMO_EXPORT GLPolygonDesc {
     /// Makes a polygon without vertices over the links whose midpoints `pointTable` lists; the table must outlive it.
     GLPolygonDesc(std::vector<GLVec3f> const& pointTable, unsigned char linkCount);
+    GLPolygonDesc(std::vector<GLVec3f> const&& pointTable, unsigned char linkCount) = delete;
 
     /// Appends the midpoint of link `link`. Returns false, changing nothing, where 26 vertices are in use or there is
     /// no such link.
