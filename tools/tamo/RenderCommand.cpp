@@ -5,6 +5,7 @@
 #include "OffscreenContext.h"
 #include "Panels.h"
 #include "PictureFile.h"
+#include "QuietLibraries.h"
 #include "ScalarType.h"
 #include "StageTimer.h"
 #include "SurfacePicture.h"
@@ -152,9 +153,16 @@ GLuint compile(Scan const& scan, GLObjectList const& objects, GLDataInfo const& 
     GLuint const list = glGenLists(1);
     GLPolygonConsumer consumer(static_cast<int>(list));
     ProgressAggregator aggregator(consumer, info.primitives(), progress);
-    if (!wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
-                    aggregator)) {
-        throw UserError("not enough memory for the surface");
+    bool const isScanned = [&] {
+        // The scan has a line of its own for this, which names neither file nor option.
+        QuietLibraries const quiet;
+        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent,
+                          objects, aggregator);
+    }();
+    if (!isScanned) {
+        // All else that a scan refuses has been refused when it was counted.
+        throw UserError("--step " + std::to_string(scan.step) +
+                        ": expected memory for the polygons of this step's cells, found too little");
     }
     return list;
 }
