@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -42,11 +43,22 @@ ToolRun render(TemporaryFolder const& folder, std::vector<std::string> const& op
     return runTool(arguments);
 }
 
+#ifdef TAMO_REFUSED_SCAN
 TEST(ScanWithoutMemory, IsOneLineThatNamesTheStep) {
     TemporaryFolder const folder;
     PreloadedLibrary const library(TAMO_REFUSED_SCAN);
     ToolRun const run = render(folder, {"--step", "2"});
     EXPECT_TRUE(isOneLineRefusal(run, "--step 2: expected")) << run.status << " " << run.error;
+    EXPECT_TRUE(fs::is_empty(folder / "out"));
+}
+#endif
+
+TEST(Interruption, RemovesAPictureThatHasOnlyJustBeenMade) {
+    TemporaryFolder const folder;
+    PreloadedLibrary const library(TAMO_INTERRUPTED_MKSTEMP);
+    ToolRun const run = render(folder, {});
+    EXPECT_EQ(run.status, 128 + SIGINT) << run.error;
+    EXPECT_EQ(run.error, "tamo: cancelled; no picture was written\n");
     EXPECT_TRUE(fs::is_empty(folder / "out"));
 }
 
