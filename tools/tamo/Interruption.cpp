@@ -21,6 +21,7 @@ extern "C" void stopProgram(int signal) {
     if (hasUnfinishedFile) {
         unlink(unfinishedFile.data());
     }
+    tamo::Progress::wipe();
     static constexpr char kMessage[] = "tamo: cancelled; no picture was written\n";
     [[maybe_unused]] auto const written = write(tamo::Progress::terminal(), kMessage, sizeof kMessage - 1);
     // Dying of the signal itself tells the calling shell that this was a cancellation.

@@ -5,13 +5,12 @@
 #include "OffscreenContext.h"
 #include "Panels.h"
 #include "PictureFile.h"
-#include "QuietLibraries.h"
 #include "ScalarType.h"
 #include "StageTimer.h"
+#include "SurfaceLists.h"
 #include "SurfacePicture.h"
 #include "UserError.h"
 
-#include <tamo/surface/GLPolygonConsumer.h>
 #include <tamo/surface/TAMO.h>
 
 #include <GL/gl.h>
@@ -23,41 +22,6 @@
 namespace {
 
 using namespace tamo;
-
-/// Hands the surface on to another receiver and shows how much of it has passed.
-class ProgressAggregator : public IPolygonAggregator {
-  public:
-    ProgressAggregator(IPolygonAggregator& receiver, std::size_t primitives, Progress& progress)
-        : _receiver(receiver), _primitives(static_cast<double>(primitives)), _progress(progress) {}
-
-    void start() override { _receiver.start(); }
-    void finish() override { _receiver.finish(); }
-    void fetch(GLObject& object) override { _receiver.fetch(object); }
-    void fetch(GLObject& object, GLCoord3f const& offset) override {
-        _receiver.fetch(object, offset);
-        _seen += object.size();
-        if (_seen >= _nextUpdate) {
-            constexpr std::size_t kInterval = 1 << 14;
-            _nextUpdate = _seen + kInterval;
-            _progress.update(static_cast<double>(_seen) / _primitives);
-        }
-    }
-
-  private:
-    IPolygonAggregator& _receiver;
-    double _primitives;
-    Progress& _progress;
-    std::size_t _seen = 0;
-    std::size_t _nextUpdate = 0;
-};
-
-/// The arguments that a scan of the sampled box takes.
-struct Scan {
-    BinaryVolume binary;
-    GLtVec3<int> origin;
-    GLtVec3<int> extent;
-    unsigned int step;
-};
 
 std::string text(Size3 const& v, char const* separator) {
     return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
@@ -137,6 +101,8 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
 
 GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan const& scan,
                  GLObjectList const& objects) {
+    Progress progress("counting");
+    progress.announce();
     GLDataInfo info;
     getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
                   info);
@@ -148,25 +114,6 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     return info;
 }
 
-GLuint compile(Scan const& scan, GLObjectList const& objects, GLDataInfo const& info) {
-    Progress progress("scanning");
-    GLuint const list = glGenLists(1);
-    GLPolygonConsumer consumer(static_cast<int>(list));
-    ProgressAggregator aggregator(consumer, info.primitives(), progress);
-    bool const isScanned = [&] {
-        // The scan has a line of its own for this, which names neither file nor option.
-        QuietLibraries const quiet;
-        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent,
-                          objects, aggregator);
-    }();
-    if (!isScanned) {
-        // All else that a scan refuses has been refused when it was counted.
-        throw UserError("--step " + std::to_string(scan.step) +
-                        ": expected memory for the polygons of this step's cells, found too little");
-    }
-    return list;
-}
-
 /// Draws the surface of every system into its panel.
 class PanelPainter {
   public:
@@ -175,15 +122,17 @@ class PanelPainter {
 
     void draw(std::size_t i, GLObjectList const& objects, GLDataInfo const& info, StageTimer& timer) {
         Panel const panel = panelOf(_options.size, i, _options.systems.size());
-        GLuint const surface = timer.run("scan", [&] { return compile(_scan, objects, info); });
+        std::vector<GLuint> lists = timer.run("scan", [&] { return compileSurface(_scan, objects, info); });
         timer.run("draw", [&] {
-            bool const isAlone = _options.systems.size() == 1;
-            GLuint const list =
-                isAlone ? surface : compileLabelled(surface, _options.systems[i].name, panel.size, _samples);
+            if (_options.systems.size() > 1) {
+                lists.push_back(compileLabel(_options.systems[i].name, panel.size, _samples));
+            }
             Camera const camera = frameForeground(_scan.binary, _geometry, _scan.step, _options.view, panel.size);
-            placePanel(drawSurface(list, camera, panel.size, _samples), panel, _options.size, _picture);
+            placePanel(drawSurface(lists, camera, panel.size, _samples), panel, _options.size, _picture);
         });
-        glDeleteLists(surface, 1);
+        for (GLuint const list : lists) {
+            glDeleteLists(list, 1);
+        }
     }
 
     [[nodiscard]] Picture const& picture() const { return _picture; }
