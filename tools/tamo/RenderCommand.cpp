@@ -15,6 +15,7 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <limits>
@@ -29,22 +30,23 @@ std::string text(Size3 const& v, char const* separator) {
 
 /// Returns the box to scan, checked against the volume and the step.
 Box chooseBox(RenderOptions const& options, Size3 const& size) {
-    // The scan takes the address distance of two slices as an int.
-    if (std::int64_t{size[0]} * size[1] > std::numeric_limits<int>::max()) {
-        throw UserError(options.source.path.string() + ": expected slices of less than 2^31 voxels, found " +
-                        std::to_string(size[0]) + " x " + std::to_string(size[1]));
-    }
     Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
     for (std::size_t axis = 0; axis < 3; ++axis) {
         if (box.last[axis] >= size[axis]) {
             throw UserError("--box " + text(box.first, ",") + "," + text(box.last, ",") +
                             ": expected voxels inside the volume of " + text(size, " x "));
         }
-        int const side = box.last[axis] - box.first[axis] + 1;
-        if (options.step > side) {
-            throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(side) +
-                            ", the smallest side of the box");
-        }
+    }
+    Size3 const sides = sidesOf(box);
+    int const smallest = *std::min_element(sides.begin(), sides.end());
+    if (options.step > smallest) {
+        throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(smallest) +
+                        ", the smallest side of the box");
+    }
+    // The scan takes the address distance of two slices as an int.
+    if (std::int64_t{sides[0]} * sides[1] > std::numeric_limits<int>::max()) {
+        throw UserError(options.source.path.string() + ": expected slices of less than 2^31 voxels, found " +
+                        std::to_string(sides[0]) + " x " + std::to_string(sides[1]) + "; give a smaller --box");
     }
     return box;
 }
@@ -87,10 +89,7 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
         Progress progress("threshold");
         return makeBinaryVolume(volume, range, box, progress);
     }();
-    Scan scan{std::move(binary),
-              {box.first[0], box.first[1], box.first[2]},
-              {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1},
-              static_cast<unsigned int>(options.step)};
+    Scan scan{std::move(binary), static_cast<unsigned int>(options.step)};
     if (scan.binary.foreground == 0) {
         throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
                         " (--min, --max), found none");
@@ -104,7 +103,7 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     Progress progress("counting");
     progress.announce();
     GLDataInfo info;
-    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
+    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(), objects,
                   info);
     if (info.primitives() == 0) {
         throw UserError("--step " + std::to_string(options.step) + ": expected a step that meets the foreground");

@@ -17,11 +17,13 @@ namespace {
 
 using namespace tamo;
 
-/// Hands the surface on to the library's own receiver, a list after another, and shows how much of it has passed.
+/// Hands the surface on to the library's own receiver, moved by `origin` and a list after another, and shows how much
+/// of it has passed.
 class ListCompiler : public IPolygonAggregator {
   public:
-    ListCompiler(std::size_t primitives, Progress& progress)
-        : _lists{glGenLists(1)}, _consumer(static_cast<int>(_lists.front())),
+    ListCompiler(Size3 const& origin, std::size_t primitives, Progress& progress)
+        : _origin(static_cast<float>(origin[0]), static_cast<float>(origin[1]), static_cast<float>(origin[2])),
+          _lists{glGenLists(1)}, _consumer(static_cast<int>(_lists.front())),
           _primitives(static_cast<double>(primitives)), _progress(progress) {}
 
     void start() override { _consumer.start(); }
@@ -33,7 +35,7 @@ class ListCompiler : public IPolygonAggregator {
         if (_inList >= kListPrimitives) {
             startNextList();
         }
-        _consumer.fetch(object, offset);
+        _consumer.fetch(object, GLCoord3f(offset.x + _origin.x, offset.y + _origin.y, offset.z + _origin.z));
         _inList += object.size();
     }
 
@@ -49,6 +51,7 @@ class ListCompiler : public IPolygonAggregator {
         _consumer.setList(static_cast<int>(_lists.back()));
     }
 
+    GLCoord3f _origin;
     std::vector<unsigned int> _lists;
     GLPolygonConsumer _consumer;
     double _primitives;
@@ -64,11 +67,11 @@ namespace tamo {
 std::vector<unsigned int> compileSurface(Scan const& scan, GLObjectList const& objects, GLDataInfo const& info) {
     Progress progress("scanning");
     progress.update(0);
-    ListCompiler compiler(info.primitives(), progress);
+    ListCompiler compiler(scan.binary.first, info.primitives(), progress);
     bool const isScanned = [&] {
         // The scan has a line of its own for this, which names neither file nor option.
         QuietLibraries const quiet;
-        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent,
+        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(),
                           objects, compiler);
     }();
     if (!isScanned) {

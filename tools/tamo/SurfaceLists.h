@@ -11,17 +11,18 @@
 
 namespace tamo {
 
-/// The arguments that a scan of the sampled box takes.
+/// Is a box of voxels to be scanned, every `step` of them along each axis.
 struct Scan {
     BinaryVolume binary;
-    GLtVec3<int> origin;
-    GLtVec3<int> extent;
     unsigned int step;
+
+    /// Returns the box's sides, as a scan takes them.
+    [[nodiscard]] GLtVec3<int> extent() const { return {binary.size[0], binary.size[1], binary.size[2]}; }
 };
 
 /// Compiles the surface of a scan into display lists of the current context and returns their names: drawn one behind
-/// the other they are the surface, and each takes a moment only. `info` is the scan's own count. Throws `UserError`
-/// where there is no memory for the scan.
+/// the other they are the surface in voxels of the whole volume, and each takes a moment only. `info` is the scan's own
+/// count. Throws `UserError` where there is no memory for the scan.
 std::vector<unsigned int> compileSurface(Scan const& scan, GLObjectList const& objects, GLDataInfo const& info);
 
 } // namespace tamo
