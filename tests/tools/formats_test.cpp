@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -124,6 +125,24 @@ TEST(HeaderText, TellsHowManyBytesOrLinesPrecedeTheVoxels) {
     writeBytes(folder / "a.data", "xyzabcdefgh");
     expectRange("a.mhd", meta + "HeaderSize = 3\nElementDataFile = a.data\n");
     expectRange("a.mhd", meta + "HeaderSize = -1\nElementDataFile = a.data\n");
+}
+
+TEST(TextVolume, HoldsEveryNumberOfItsType) {
+    TemporaryFolder const folder;
+    std::vector<std::array<std::string, 3>> const cases{{"uchar", "0 255 +7", "0 .. 255"},
+                                                        {"signed char", "-128 127 7", "-128 .. 127"},
+                                                        {"ushort", "65535 0 7", "0 .. 65535"},
+                                                        {"uint", "4294967295 0 7", "0 .. 4294967295"},
+                                                        {"longlong", "-1099511627776 5 7", "-1099511627776 .. 7"},
+                                                        {"float", "nan -0.5 1e-60", "-0.5 .. 5"},
+                                                        {"float", "NaN -inf +2.5e1", "1 .. 25"},
+                                                        {"double", "infinity 1e-400 -2", "-2 .. 5"}};
+    for (auto const& [type, numbers, range] : cases) {
+        writeBytes(folder / "a.nrrd", "NRRD0004\ndimension: 3\nencoding: ascii\ntype: " + type +
+                                          "\nsizes: 2 2 2\n\n1 2 3 4 5\n" + numbers + "\n");
+        ToolRun const run = runTool({"info", (folder / "a.nrrd").string()});
+        EXPECT_EQ(line(run.output, "range"), "range       " + range) << type << " " << numbers << run.error;
+    }
 }
 
 TEST(NiftiVolume, ScalesStoredValuesAsItsHeaderSays) {

@@ -5,9 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <vtkNew.h>
-#include <vtkXMLImageDataWriter.h>
-
 #include <csignal>
 
 namespace {
@@ -156,30 +153,34 @@ TEST_F(BadInput, HeaderFieldsThatAreNotWhatTheyShouldBe) {
 }
 
 TEST_F(BadInput, NumbersPastTheVoxelsType) {
-    for (char const* const last : {"256", "-1", "x", ""}) {
-        writeBytes(_folder / "a.nrrd",
-                   std::string("NRRD0004\ndimension: 3\nencoding: ascii\ntype: uchar\nsizes: 2 2 2\n\n"
-                               "1 2 3 4 5 6 7 ") +
-                       last);
-        EXPECT_TRUE(isOneLineRefusal(runTool({"info", (_folder / "a.nrrd").string()}), "a.nrrd")) << last;
+    std::vector<std::pair<std::string, std::vector<std::string>>> const refused{
+        {"uchar", {"256", "-1", "1.5", "+-1", "+", "x", ""}},
+        {"signed char", {"128", "-129", "nan"}},
+        {"ushort", {"65536", "-5"}},
+        {"short", {"32768", "-32769"}},
+        {"uint", {"4294967296", "-5"}},
+        {"int", {"2147483648", "-2147483649"}},
+        {"ulonglong", {"18446744073709551616", "-5"}},
+        {"longlong", {"9223372036854775808", "1e3"}},
+        {"float", {"1e39", "-1e39", "1.5x", "x", "--1", "nano"}},
+        {"double", {"1e309", "1,5"}}};
+    for (auto const& [type, numbers] : refused) {
+        for (std::string const& last : numbers) {
+            writeBytes(_folder / "a.nrrd", "NRRD0004\ndimension: 3\nencoding: ascii\ntype: " + type +
+                                               "\nsizes: 2 2 2\n\n1 2 3 4 5 6 7 " + last);
+            ToolRun const run = runTool({"info", (_folder / "a.nrrd").string()});
+            EXPECT_TRUE(isOneLineRefusal(run, "a.nrrd")) << type << " " << last << run.output;
+        }
     }
 }
 
-TEST_F(BadInput, FlatAndColouredImages) {
+TEST_F(BadInput, FlatImages) {
     for (FileFormat const& format : fileFormats()) {
         TemporaryFolder const folder;
         format.write(makeSamples(8, 7, 1), folder / format.fileName);
         ToolRun const run = runTool({"info", (folder / format.fileName).string()});
         EXPECT_TRUE(isOneLineRefusal(run, "3-D")) << format.name << run.status << " " << run.error;
     }
-    vtkNew<vtkImageData> image;
-    image->SetDimensions(4, 4, 4);
-    image->AllocateScalars(VTK_UNSIGNED_CHAR, 3);
-    vtkNew<vtkXMLImageDataWriter> writer;
-    writer->SetInputData(image);
-    writer->SetFileName((_folder / "colour.vti").c_str());
-    writer->Write();
-    EXPECT_TRUE(isOneLineRefusal(runTool({"info", (_folder / "colour.vti").string()}), "colour"));
 }
 
 TEST_F(BadInput, BareVoxelsOfAnotherNumber) {

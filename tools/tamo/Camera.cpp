@@ -53,7 +53,8 @@ Extent screenExtent(BinaryVolume const& binary, std::array<Vector3, 3> const& st
             }
             auto const* const last = static_cast<unsigned char const*>(memrchr(row, 1, rowVoxels));
             for (auto const* const end : {first, last}) {
-                Vector3 const voxel{static_cast<double>(end - row), static_cast<double>(y), static_cast<double>(z)};
+                Vector3 const voxel{static_cast<double>(binary.first[0] + (end - row)),
+                                    static_cast<double>(binary.first[1] + y), static_cast<double>(binary.first[2] + z)};
                 extent.include({dot(steps[0], voxel), dot(steps[1], voxel), dot(steps[2], voxel)});
             }
         }

@@ -8,7 +8,11 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
 #include <fstream>
+#include <string>
 #include <vector>
 
 namespace {
@@ -140,31 +144,43 @@ void readCompressed(Volume& volume, VoxelLocation const& location, Progress& pro
     }
 }
 
+/// Reads a number of the type T from the whole of `word`; false where it is none, or none that T holds.
+template <typename T> bool parse(std::string const& word, T& value) {
+    if constexpr (std::is_floating_point_v<T>) {
+        // Unlike a stream this knows "nan" and "inf". Numbers too small for the type come close to 0.
+        char* end = nullptr;
+        if constexpr (sizeof(T) == sizeof(float)) {
+            value = std::strtof(word.c_str(), &end);
+        } else {
+            value = std::strtod(word.c_str(), &end);
+        }
+        bool const isNamed = word.find_first_of("nN") != std::string::npos;
+        return end == word.data() + word.size() && (std::isfinite(value) || isNamed);
+    } else {
+        // Unlike a stream this takes a byte for a number, and no negative number for a large one.
+        bool const hasPlus = word.size() > 1 && word[0] == '+' && word[1] != '-';
+        char const* const end = word.data() + word.size();
+        auto const result = std::from_chars(word.data() + (hasPlus ? 1 : 0), end, value);
+        return result.ec == std::errc() && result.ptr == end;
+    }
+}
+
 void readText(Volume& volume, VoxelLocation const& location, Progress& progress) {
     std::ifstream file(location.path);
     file.seekg(static_cast<std::streamoff>(location.start));
     visitScalarType(volume.image->GetScalarType(), [&](auto const* null) {
         using T = std::remove_cv_t<std::remove_pointer_t<decltype(null)>>;
-        // A byte is a number here, not a letter.
-        using Number = std::conditional_t<sizeof(T) == 1, int, T>;
+        std::string word;
         for (int z = 0; z < volume.size[2]; ++z) {
             auto* const slice = reinterpret_cast<T*>(rowAddress(*volume.image, 0, z));
-            std::for_each_n(slice, std::ptrdiff_t{volume.size[0]} * volume.size[1], [&file](T& voxel) {
-                Number number{};
-                file >> number;
-                voxel = static_cast<T>(number);
-                if constexpr (sizeof(T) == 1) {
-                    if (number != Number{voxel}) {
-                        file.setstate(std::ios::failbit);
-                    }
+            std::for_each_n(slice, std::ptrdiff_t{volume.size[0]} * volume.size[1], [&](T& voxel) {
+                if (!(file >> word) || !parse(word, voxel)) {
+                    throwIncomplete(location.path, "a number of the voxels' type for each");
                 }
             });
             progress.update((z + 1.0) / volume.size[2]);
         }
     });
-    if (!file) {
-        throwIncomplete(location.path, "a number of the voxels' type for each");
-    }
 }
 
 } // namespace
