@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include TAMO_CIMAGE_ADAPTER
 #include "CellScan.h"
+#include "SmallScan.h"
 
 #include <tamo/surface/TAMO.h>
 
@@ -9,8 +10,11 @@
 #include <iostream>
 #include <memory>
 #include <new>
+#include <optional>
 
 namespace {
+
+constexpr char const* kAllocError = "wrapGlobal alloc error";
 
 /// Calls `start` at once and `finish` once the scan is over or refused.
 class AggregatorSession {
@@ -40,10 +44,52 @@ std::unique_ptr<GLObjectList> makeScaledList(GLObjectList const& objects, unsign
     }
     // A null slot is an object that could not be allocated: the copy as a whole has failed.
     if (!scaled || std::find(scaled->begin(), scaled->end(), nullptr) != scaled->end()) {
-        std::cerr << "wrapGlobal alloc error" << std::endl;
+        std::cerr << kAllocError << std::endl;
         return nullptr;
     }
     return scaled;
+}
+
+/// Where cells lie along one axis.
+class AxisPositions {
+  public:
+    AxisPositions(unsigned int step, int start) : _step(step), _start(static_cast<float>(start)) {}
+
+    float operator()(std::int64_t cell) const {
+        // Cell coordinate and origin become floats apart from each other: far from the origin the sum rounds
+        // differently.
+        return static_cast<float>(cell * _step) + _start;
+    }
+
+  private:
+    std::int64_t _step;
+    float _start;
+};
+
+/// The same, computed once for all cells of a small grid: those of its columns meet the same positions again and again.
+class PositionTable {
+  public:
+    PositionTable(AxisPositions const& positions, std::int64_t samples) {
+        for (std::int64_t cell = -1; cell < samples; ++cell) {
+            _positions[cell + 1] = positions(cell);
+        }
+    }
+
+    float operator()(std::int64_t cell) const { return _positions[cell + 1]; }
+
+  private:
+    float _positions[tamo::SmallScan::kLongest + 1];
+};
+
+/// Returns what a scan calls with each column; it hands the column's cells to the receiver.
+template <typename Positions>
+auto handOver(GLObject* const* slots, Positions const& x, Positions const& y, Positions const& z,
+              IPolygonAggregator& aggregator) {
+    return [&, slots](std::int64_t cellX, std::int64_t cellY) {
+        return [&, slots, px = x(cellX), py = y(cellY)](unsigned char configuration, std::int64_t cellZ) {
+            aggregator.fetch(*slots[configuration], GLCoord3f(px, py, z(cellZ)));
+        };
+    };
 }
 
 } // namespace
@@ -62,21 +108,27 @@ bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsig
             return session.finish(false);
         }
     }
+    tamo::SampleGrid const grid = tamo::makeSampleGrid(data, increments, step, origin, extent);
 
-    constexpr unsigned char kFull = 255;
     GLObject* const* const slots = &*(scaled ? *scaled : objects).begin();
-    // Cell coordinate and origin become floats apart from each other: far from the origin the sum rounds differently.
-    auto const position = [step](std::int64_t cell, int start) {
-        return static_cast<float>(cell * static_cast<std::int64_t>(step)) + static_cast<float>(start);
-    };
-    tamo::forEachCell(tamo::makeSampleGrid(data, increments, step, origin, extent),
-                      [&](unsigned char configuration, std::int64_t x, std::int64_t y, std::int64_t z) {
-                          if (configuration != 0 && configuration != kFull) {
-                              aggregator.fetch(
-                                  *slots[configuration],
-                                  GLCoord3f(position(x, origin.x), position(y, origin.y), position(z, origin.z)));
-                          }
-                      });
+    AxisPositions const x(step, origin.x);
+    AxisPositions const y(step, origin.y);
+    AxisPositions const z(step, origin.z);
+    if (tamo::SmallScan::fits(grid)) {
+        PositionTable const xTable(x, grid.count.x);
+        PositionTable const yTable(y, grid.count.y);
+        PositionTable const zTable(z, grid.count.z);
+        tamo::SmallScan(grid).visitInOrder(handOver(slots, xTable, yTable, zTable, aggregator));
+        return session.finish(true);
+    }
+    std::optional<tamo::CellScan> scan;
+    try {
+        scan.emplace(grid);
+    } catch (std::bad_alloc const&) {
+        std::cerr << kAllocError << std::endl;
+        return session.finish(false);
+    }
+    scan->visitInOrder(handOver(slots, x, y, z, aggregator));
     return session.finish(true);
 }
 

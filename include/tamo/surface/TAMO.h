@@ -42,7 +42,8 @@ TAMO_EXPORT bool wrapGlobal(Kade::CImage const& image, unsigned int step, GLObje
 /// Counts what `wrapGlobal` with the same arguments would produce, and writes it to `info`.
 ///
 /// Every cell counts, so polygons in slots 0 and 255, which `wrapGlobal` never emits, count too. Returns false, leaving
-/// `info` as it was, where `wrapGlobal` would refuse its arguments. Never throws.
+/// `info` as it was, where `wrapGlobal` would refuse its arguments, or where its work space cannot be allocated. Never
+/// throws.
 TAMO_EXPORT bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
                                GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
                                GLDataInfo& info);

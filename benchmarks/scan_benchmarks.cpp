@@ -1,0 +1,229 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "BenchVolume.h"
+#include "MemoryPass.h"
+#include "Receivers.h"
+#include "registrations.h"
+
+#include <benchmark/benchmark.h>
+
+#include <functional>
+#include <memory>
+
+namespace tamo::bench {
+
+namespace {
+
+struct Pattern {
+    char const* name;
+    std::function<Cube(int side)> make;
+    /// Whether targets are set for this pattern in all layouts.
+    bool isTarget;
+};
+
+constexpr int kLargest = 512;
+
+constexpr Layout kContiguous[] = {{"x", {0, 1, 2}, 1, 0}, {"y", {1, 0, 2}, 1, 0}, {"z", {2, 1, 0}, 1, 0}};
+/// Layouts that a caller may have as well: parts of a larger volume, colours beside each other, all of it mirrored.
+constexpr Layout kOdd[] = {{"y_z_x", {1, 2, 0}, 1, 0},   {"x_z_y", {0, 2, 1}, 1, 0},   {"z_x_y", {2, 0, 1}, 1, 0},
+                           {"x_gaps", {0, 1, 2}, 1, 27}, {"y_gaps", {1, 0, 2}, 1, 27}, {"z_gaps", {2, 1, 0}, 1, 27},
+                           {"x_back", {0, 1, 2}, -1, 0}, {"y_back", {1, 0, 2}, -1, 0}, {"z_back", {2, 1, 0}, -1, 0},
+                           {"x_by_2", {0, 1, 2}, 2, 0},  {"y_by_2", {1, 0, 2}, 2, 0},  {"z_by_2", {2, 1, 0}, 2, 0},
+                           {"x_by_3", {0, 1, 2}, 3, 0},  {"y_by_3", {1, 0, 2}, 3, 0},  {"z_by_3", {2, 1, 0}, 3, 0},
+                           {"x_by_4", {0, 1, 2}, 4, 0},  {"y_by_4", {1, 0, 2}, 4, 0},  {"z_by_4", {2, 1, 0}, 4, 0},
+                           {"x_by_7", {0, 1, 2}, 7, 0},  {"y_by_7", {1, 0, 2}, 7, 0},  {"z_by_7", {2, 1, 0}, 7, 0}};
+
+/// The volume that the running benchmark needs: made when a benchmark first asks for it, then kept for those that
+/// follow, so that one large volume at a time is in memory.
+class Stage {
+  public:
+    BenchVolume const& volume(Pattern const& pattern, int side, Layout const& layout) {
+        std::string const cubeName = pattern.name + ('/' + std::to_string(side));
+        if (cubeName != _cubeName) {
+            _volume = nullptr;
+            _volumeName.clear();
+            _cube = pattern.make(side);
+            _cubeName = cubeName;
+        }
+        if (layout.name != _volumeName) {
+            _volume = nullptr;
+            _volume = std::make_unique<BenchVolume>(_cube, layout);
+            _volumeName = layout.name;
+        }
+        return *_volume;
+    }
+
+    /// Returns the list that scans use.
+    GLObjectList const& objects() {
+        if (_objects.size() == 0) {
+            GLObjectListForNeighborhood(Neighborhood::N14II, _objects);
+        }
+        return _objects;
+    }
+
+  private:
+    std::string _cubeName;
+    Cube _cube{};
+    std::string _volumeName;
+    std::unique_ptr<BenchVolume> _volume;
+    GLObjectList _objects;
+};
+
+Stage& stage() {
+    static Stage only;
+    return only;
+}
+
+void wrap(plain::ScanArguments const& a, IPolygonAggregator& receiver) {
+    wrapGlobal(a.data, a.increments, a.step, a.origin, a.extent, stage().objects(), receiver);
+}
+
+void wrapPlainly(plain::ScanArguments const& a, IPolygonAggregator& receiver) {
+    plain::wrapGlobal(a, stage().objects(), receiver);
+}
+
+void count(benchmark::State& state, plain::ScanArguments const& a,
+           void (*scan)(plain::ScanArguments const&, IPolygonAggregator&)) {
+    CountingReceiver receiver;
+    for (auto _ : state) {
+        receiver.cells = 0;
+        scan(a, receiver);
+    }
+    auto const side = static_cast<double>(static_cast<unsigned int>(a.extent.x) / a.step + 1);
+    state.counters["cells"] = static_cast<double>(receiver.cells);
+    state.counters["share"] = static_cast<double>(receiver.cells) / (side * side * side);
+}
+
+void collect(benchmark::State& state, plain::ScanArguments const& a,
+             void (*scan)(plain::ScanArguments const&, IPolygonAggregator&)) {
+    CollectingReceiver receiver;
+    for (auto _ : state) {
+        scan(a, receiver);
+        benchmark::DoNotOptimize(receiver.cells.data());
+    }
+}
+
+void info(benchmark::State& state, plain::ScanArguments const& a) {
+    GLDataInfo info;
+    for (auto _ : state) {
+        getGLDataInfo(a.data, a.increments, a.step, a.origin, a.extent, stage().objects(), info);
+        benchmark::DoNotOptimize(info.primitives());
+    }
+}
+
+void infoPlainly(benchmark::State& state, plain::ScanArguments const& a) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(plain::getGLDataInfo(a, stage().objects()).primitives());
+    }
+}
+
+/// A group of benchmarks of one volume.
+class Group {
+  public:
+    Group(Pattern pattern, int side, Layout const& layout)
+        : _pattern(std::move(pattern)), _side(side), _layout(layout) {}
+
+    void addMemoryPass() const {
+        add("memory", 1, [](benchmark::State& state, BenchVolume const& volume, unsigned int) {
+            for (auto _ : state) {
+                benchmark::DoNotOptimize(sumVoxels(volume.bytes().data(), volume.bytes().size()));
+            }
+        });
+    }
+    void addScans(unsigned int step) const {
+        addScan("wrap", step, [](auto& state, auto const& a) { count(state, a, wrap); });
+        addScan("info", step, info);
+    }
+    void addCollecting() const {
+        addScan("collect", 1, [](auto& state, auto const& a) { collect(state, a, wrap); });
+    }
+    void addPlainScans(unsigned int step) const {
+        addScan("wrapPlain", step, [](auto& state, auto const& a) { count(state, a, wrapPlainly); });
+        addScan("infoPlain", step, infoPlainly);
+    }
+    void addPlainCollecting() const {
+        addScan("collectPlain", 1, [](auto& state, auto const& a) { collect(state, a, wrapPlainly); });
+    }
+
+  private:
+    template <typename Run> void addScan(char const* what, unsigned int step, Run const& run) const {
+        add(what, step, [run](benchmark::State& state, BenchVolume const& volume, unsigned int byStep) {
+            run(state, volume.arguments(byStep));
+        });
+    }
+
+    template <typename Run> void add(std::string const& what, unsigned int step, Run const& run) const {
+        std::string const name =
+            what + '/' + _pattern.name + '/' + std::to_string(_side) + '/' + _layout.name + '/' + std::to_string(step);
+        auto const body = [run, step, group = *this](benchmark::State& state) {
+            run(state, stage().volume(group._pattern, group._side, group._layout), step);
+        };
+        // Small volumes are measured again and again until the clock can tell them apart.
+        benchmark::RegisterBenchmark(name.c_str(), body)
+            ->Unit(benchmark::kMicrosecond)
+            ->MinTime(0.02)
+            ->Repetitions(5)
+            ->ReportAggregatesOnly();
+    }
+
+    Pattern _pattern;
+    int _side;
+    Layout _layout;
+};
+
+void registerSmallScans(std::vector<Pattern> const& patterns) {
+    for (Pattern const& pattern : patterns) {
+        for (int const side : {2, 3, 4, 8, 9, 12, 16, 32}) {
+            Group const group(pattern, side, kContiguous[0]);
+            group.addScans(1);
+            group.addPlainScans(1);
+        }
+    }
+}
+
+void registerFullScans(Pattern const& pattern, int side) {
+    for (Layout const& layout : kContiguous) {
+        bool const isFirstLayout = &layout == &kContiguous[0];
+        Group const group(pattern, side, layout);
+        group.addMemoryPass();
+        for (unsigned int const step : {1U, 2U, 3U}) {
+            group.addScans(step);
+            // Plain walks of the largest volumes take a second each: those that the targets name are enough.
+            if (side < kLargest || (step == 1 && (isFirstLayout || pattern.isTarget))) {
+                group.addPlainScans(step);
+            }
+        }
+        if (isFirstLayout) {
+            group.addCollecting();
+            group.addPlainCollecting();
+        }
+    }
+}
+
+void registerOddScans(Pattern const& pattern) {
+    constexpr int kSide = 256;
+    for (Layout const& layout : kOdd) {
+        Group const group(pattern, kSide, layout);
+        group.addMemoryPass();
+        group.addScans(1);
+    }
+}
+
+} // namespace
+
+void registerScans(std::string const& brainFile) {
+    std::vector<Pattern> patterns = {
+        {"ball", makeBall, true}, {"gyroid", makeGyroid, true}, {"balls", makeBalls, false}};
+    registerSmallScans({patterns[0], patterns[1]});
+    registerOddScans(patterns[0]);
+    if (!brainFile.empty()) {
+        patterns.push_back({"brain", [brainFile](int side) { return makeBrain(side, brainFile); }, false});
+    }
+    for (int const side : {64, 256, kLargest}) {
+        for (Pattern const& pattern : patterns) {
+            registerFullScans(pattern, side);
+        }
+    }
+}
+
+} // namespace tamo::bench

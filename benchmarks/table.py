@@ -1,0 +1,172 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: The TAMO authors
+# SPDX-License-Identifier: BSD-3-Clause
+"""Prints the figures of one run of tamoBenchmarks as tables of ratios beside their targets; usage: table.py RESULT.json"""
+
+import json
+import sys
+
+AXES = ("x", "y", "z")
+SIDES = (64, 256, 512)
+LARGEST = 512
+DENSE = "gyroid"
+
+
+class Run:
+    """The medians of one run, by what was measured."""
+
+    def __init__(self, path):
+        with open(path, encoding="utf-8") as file:
+            found = json.load(file)["benchmarks"]
+        self.medians = {self.key_of(b): b for b in found if b.get("aggregate_name") == "median"}
+
+    @staticmethod
+    def key_of(benchmark):
+        # Google Benchmark appends how it measured, as parts with a colon.
+        return tuple(part for part in benchmark["run_name"].split("/") if ":" not in part and part != "process_time")
+
+    def has(self, *key):
+        return tuple(map(str, key)) in self.medians
+
+    def time(self, *key):
+        """Microseconds of processor time: what others do on the machine counts as little as can be."""
+        return self.medians[tuple(map(str, key))]["cpu_time"]
+
+    def counter(self, name, *key):
+        return self.medians[tuple(map(str, key))][name]
+
+    def keys(self, what):
+        return [key[1:] for key in self.medians if key[0] == what]
+
+    def ratio(self, what, whats, *where):
+        return self.time(what, *where) / self.time(whats, *where)
+
+    def times_faster(self, what, key):
+        """The plain walk's time over the library's, as text; empty where the plain walk was not measured."""
+        return f"{self.ratio(what + 'Plain', what, *key):.1f}" if self.has(what + "Plain", *key) else ""
+
+
+def print_table(title, head, rows):
+    print(f"\n### {title}\n")
+    print("| " + " | ".join(head) + " |")
+    print("|" + "|".join(["---"] + ["---:"] * (len(head) - 1)) + "|")
+    for row in rows:
+        print("| " + " | ".join(row) + " |")
+
+
+def at_most(name, measured, limit, unit):
+    return [name, f"{measured:.2f}{unit}", f"at most {limit}{unit}", "met" if measured <= limit else "missed"]
+
+
+def at_least(name, measured, limit, unit):
+    return [name, f"{measured:.2f}{unit}", f"at least {limit}{unit}", "met" if measured >= limit else "missed"]
+
+
+def cost_of_a_cell(run, axis):
+    dense = (DENSE, LARGEST, axis, 1)
+    beyond = run.time("wrap", *dense) - run.time("wrap", "ball", LARGEST, axis, 1)
+    return 1000 * beyond / run.counter("cells", "wrap", *dense)
+
+
+def target_rows(run):
+    for axis in AXES:
+        ball, dense = ("ball", LARGEST, axis, 1), (DENSE, LARGEST, axis, 1)
+        where = f", 512³, {axis} contiguous"
+        yield at_most("`wrapGlobal`, ball" + where + ": memory passes", run.ratio("wrap", "memory", *ball), 5, "")
+        yield at_least("... times faster than the plain walk", run.ratio("wrapPlain", "wrap", *ball), 12, "")
+        yield at_most("`wrapGlobal`, dense" + where + ": beyond the ball, a cell", cost_of_a_cell(run, axis), 5, " ns")
+        yield at_least("... times faster than the plain walk", run.ratio("wrapPlain", "wrap", *dense), 5, "")
+        yield at_most("`getGLDataInfo`, ball" + where + ": memory passes", run.ratio("info", "memory", *ball), 3, "")
+        yield at_least("`getGLDataInfo`, dense" + where + ": times faster than the plain count",
+                       run.ratio("infoPlain", "info", *dense), 10, "")
+    large = [key for key in run.keys("info") if int(key[1]) in SIDES and key[2] in AXES]
+    slowest = max(large, key=lambda key: run.ratio("info", "wrap", *key))
+    yield at_most(f"`getGLDataInfo`, 64³ to 512³: times the time of `wrapGlobal`; worst: {' '.join(slowest)}",
+                  run.ratio("info", "wrap", *slowest), 1, "")
+    for name, fast, plain in (("wrapGlobal", "wrap", "wrapPlain"), ("getGLDataInfo", "info", "infoPlain")):
+        small = [key for key in run.keys(plain) if int(key[1]) <= 64]
+        slowest = min(small, key=lambda key: run.ratio(plain, fast, *key))
+        yield at_least(f"`{name}`, 2³ to 64³: times faster than the plain walk; worst: {' '.join(slowest)}",
+                       run.ratio(plain, fast, *slowest), 1, "")
+    slowest = max(run.keys("list"), key=lambda key: run.time("list", *key))
+    yield at_most(f"A list; slowest: {slowest[0]}", run.time("list", *slowest) / 1000, 5, " ms")
+
+
+def scan_rows(run):
+    for side in SIDES:
+        for pattern in ("ball", DENSE, "balls", "brain"):
+            for axis in AXES:
+                key = (pattern, side, axis, 1)
+                if run.has("wrap", *key):
+                    yield [f"{pattern}, {side}³, {axis}", f"{100 * run.counter('share', 'wrap', *key):.1f} %",
+                           f"{run.time('memory', *key) / 1000:.2f}", f"{run.ratio('wrap', 'memory', *key):.2f}",
+                           run.times_faster("wrap", key), f"{run.ratio('info', 'memory', *key):.2f}",
+                           run.times_faster("info", key)]
+
+
+def collect_rows(run):
+    for key in run.keys("collect"):
+        yield [f"{key[0]}, {key[1]}³", f"{run.ratio('collect', 'wrap', *key):.1f}",
+               f"{run.ratio('collectPlain', 'collect', *key):.1f}"]
+
+
+def nanoseconds_a_sample(run, what, key):
+    return 1000 * run.time(what, *key) / (int(key[1]) // int(key[3])) ** 3
+
+
+def layout_rows(run):
+    steps = [("ball", str(LARGEST), axis, step) for step in "123" for axis in AXES]
+    odd = [key for key in run.keys("wrap") if key[1] == "256" and key[2] not in AXES]
+    for key in steps + odd:
+        contiguous = (key[0], key[1], key[2][0], "1")
+        cost = nanoseconds_a_sample(run, "info", key)
+        ratio = cost / nanoseconds_a_sample(run, "info", contiguous)
+        name = f"{key[2].replace('_', ' ')}, step {key[3]}" if key[3] != "1" else key[2].replace("_", " ")
+        limit = run.time("memory", *key) if key[3] == "1" else None
+        yield [f"{name}, {key[1]}³", f"{cost:.2f}", f"{ratio:.1f}",
+               f"{run.time('info', *key) / limit:.1f}" if limit else ""]
+
+
+def small_rows(run):
+    for key in run.keys("wrap"):
+        if int(key[1]) <= 64 and key[2:] == ("x", "1") and run.has("wrapPlain", *key):
+            yield [f"{key[0]}, {key[1]}³", f"{run.time('wrap', *key):.2f}", f"{run.ratio('wrapPlain', 'wrap', *key):.2f}",
+                   f"{run.time('info', *key):.2f}", f"{run.ratio('infoPlain', 'info', *key):.2f}"]
+
+
+def display_rows(run):
+    compiled = run.time("display", "compile")
+    polygons = run.counter("polygons", "display", "move")
+    for what, name in (("compile", "Scan into a display list, `GLPolygonConsumer`"),
+                       ("compilePrepared", "The same calls of OpenGL from a prepared array"),
+                       ("move", "Scan and copies of the polygons, no OpenGL"), ("draw", "Draw the list once")):
+        time = run.time("display", what)
+        yield [name, f"{time / 1000:.0f}", f"{1000 * time / polygons:.0f}", f"{100 * time / compiled:.0f} %"]
+
+
+def main():
+    if len(sys.argv) != 2:
+        print("table.py: expected one argument, the JSON file of a run of tamoBenchmarks", file=sys.stderr)
+        return 2
+    try:
+        run = Run(sys.argv[1])
+    except (OSError, ValueError, KeyError) as error:
+        print(f"{sys.argv[1]}: expected the JSON file of a run of tamoBenchmarks: {error}", file=sys.stderr)
+        return 1
+    print_table("Targets", ("What", "Measured", "Target", ""), target_rows(run))
+    print_table("Scans: memory passes, and times faster than the plain walk",
+                ("Volume, contiguous axis", "Cells fetched", "Memory pass, ms", "`wrapGlobal`, passes", "than plain",
+                 "`getGLDataInfo`, passes", "than plain"), scan_rows(run))
+    print_table("Collecting positions", ("Volume", "Times counting", "Times faster than plain"), collect_rows(run))
+    print_table("Other layouts and steps, `getGLDataInfo`, ball",
+                ("Densest axis", "ns a sample", "Times contiguous", "Memory passes"), layout_rows(run))
+    print_table("Small volumes", ("Volume", "`wrapGlobal`, µs", "Times faster than plain", "`getGLDataInfo`, µs",
+                                  "Times faster than plain"), small_rows(run))
+    print_table("Lists", ("System", "ms"), ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list")))
+    if run.has("display", "compile"):
+        print_table("A display list of the brain, 256³", ("What", "ms", "ns a polygon", "Share"), display_rows(run))
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "benchmarks/plain_walk.h"
+#include "tests/support/PlainVolume.h"
+#include "tests/support/RecordingAggregator.h"
+
+#include <cstdlib>
+#include <memory>
+
+using namespace tamo;
+
+/// Returns a list whose objects carry their slot's number and count differently, slots 0 and 255 included.
+static GLObjectList const& objects() {
+    static GLObjectList list;
+    for (unsigned int c = list.size(); c < 256; ++c) {
+        auto object = std::make_unique<GLObject>();
+        object->push_back(std::make_unique<GLPolygon>(3 + c * 7 % 31).release());
+        (*object)[0]->setNormals(GLVec3f(static_cast<float>(c), 0.0F, 0.0F));
+        list.push_back(object.release());
+    }
+    return list;
+}
+
+/// Builds a volume, its layout and a box of it from `bytes`, and stops the program where the library's scan and count
+/// differ from the plain walk's. Bytes of the volume that are no samples are neither 0 nor 1.
+extern "C" int LLVMFuzzerTestOneInput(unsigned char const* bytes, std::size_t count) {
+    constexpr std::array<std::size_t, 3> kOrders[] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
+    std::size_t read = 0;
+    auto const number = [&](int low, int high) { return low + (read < count ? bytes[read++] : 0) % (high - low + 1); };
+    test::VolumeLayout const layout{
+        kOrders[number(0, 5)], {number(0, 1) == 1, number(0, 1) == 1, number(0, 1) == 1}, number(1, 9), number(0, 9)};
+    int const step = number(1, 4);
+    test::Triple samples{}, origin{}, extent{};
+    for (std::size_t axis = 0, room = 20000; axis < 3; ++axis) {
+        // One side may pass all block sizes, if the others leave room for it.
+        samples[axis] = std::min(number(1, 256) + number(0, 20), static_cast<int>(room));
+        room /= static_cast<std::size_t>(samples[axis]);
+        origin[axis] = number(0, 9);
+        extent[axis] = samples[axis] * step + number(0, step - 1);
+    }
+    test::PlainVolume volume({0, 0, 0}, {origin[0] + extent[0], origin[1] + extent[1], origin[2] + extent[2]}, layout);
+    for (int i = 0; i < samples[0] * samples[1] * samples[2]; ++i) {
+        int const x = i % samples[0], y = i / samples[0] % samples[1], z = i / samples[0] / samples[1];
+        // The bytes that are left are the voxels, eight a byte, again and again.
+        std::size_t const at = count > read ? read + static_cast<std::size_t>(i) / 8 % (count - read) : 0;
+        int const value = count > read ? bytes[at] >> i % 8 & 1 : 1;
+        volume.at(origin[0] + x * step, origin[1] + y * step, origin[2] + z * step) = static_cast<unsigned char>(value);
+    }
+    plain::ScanArguments const a{volume.data(), volume.increments(), static_cast<unsigned int>(step),
+                                 test::toVec3(origin), test::toVec3(extent)};
+    test::RecordingAggregator seen, expected;
+    plain::wrapGlobal(a, objects(), expected);
+    GLDataInfo counted, sum = plain::getGLDataInfo(a, objects());
+    bool const isSame = wrapGlobal(a.data, a.increments, a.step, a.origin, a.extent, objects(), seen) &&
+                        getGLDataInfo(a.data, a.increments, a.step, a.origin, a.extent, objects(), counted) &&
+                        seen.wasDrivenInOrder() && seen.emissions == expected.emissions &&
+                        counted.primitives() == sum.primitives() && counted.triangles() == sum.triangles();
+    isSame ? void() : std::abort();
+    return 0;
+}
