@@ -20,7 +20,7 @@ namespace {
 
 bool isParallel(GLVec3f const& a, GLVec3f const& b) { return std::fabs(a.dot(b)) > 0.9999F; }
 
-/// The two sides of a polygon that a plane splits, each a fan of its own.
+// The two sides of a polygon that a plane splits, each a fan of its own.
 struct Halves {
     explicit Halves(GLPolygonDesc const& whole)
         : above(*whole.points, whole.connCount), below(*whole.points, whole.connCount) {
@@ -138,7 +138,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
     return true;
 }
 
-/// Splits a ring of vertices around the centre link along the link, and makes a polygon of each half.
+// Splits a ring of vertices around the centre link along the link, and makes a polygon of each half.
 void GLConn::splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsigned int centreLink,
                                unsigned int shape) {
     unsigned int const end = 1U << getP0ofConn(centreLink);
@@ -193,8 +193,8 @@ void GLConn::splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsi
     appendPolygon(object, halves.below);
 }
 
-/// Returns the first vertex, at an end edge of the path, whose normal is at right angles to that edge and the middle
-/// one; `kNoVertex` where there is none. A fan from a vertex that looks along the middle edge would fold over.
+// Returns the first vertex, at an end edge of the path, whose normal is at right angles to that edge and the middle
+// one; `kNoVertex` where there is none. A fan from a vertex that looks along the middle edge would fold over.
 unsigned char GLConn::findPathStart(GLPolygonDesc const& desc, std::array<unsigned int, 3> const& path) const {
     auto const touches = [this](unsigned int a, unsigned int b) { return (getConn(a) & getConn(b)) != 0; };
     unsigned int middle = 0;

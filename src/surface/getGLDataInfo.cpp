@@ -30,7 +30,7 @@ std::uint64_t countForeground(tamo::SampleGrid const& grid) {
     return sum;
 }
 
-/// Counts cell by cell, corner by corner: slow, but it needs no work space.
+// Counts cell by cell, corner by corner: slow, but it needs no work space.
 void countEachCell(tamo::SampleGrid const& grid, Histogram& histogram) {
     auto const sample = [&grid](std::int64_t x, std::int64_t y, std::int64_t z) {
         bool const isInGrid = x >= 0 && y >= 0 && z >= 0 && x < grid.count.x && y < grid.count.y && z < grid.count.z;
@@ -49,7 +49,7 @@ void countEachCell(tamo::SampleGrid const& grid, Histogram& histogram) {
     }
 }
 
-/// Adds every cut cell to the counter of its configuration.
+// Adds every cut cell to the counter of its configuration.
 void countCutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
     if (tamo::SmallScan::fits(grid)) {
         tamo::SmallScan(grid).visitInOrder([&histogram](std::int64_t, std::int64_t) {
@@ -68,7 +68,7 @@ void countCutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
     scan->count(histogram);
 }
 
-/// Completes a histogram of the cut cells by those that are empty or full.
+// Completes a histogram of the cut cells by those that are empty or full.
 void countUncutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
     // Every sample is the first corner of exactly one cell: the odd configurations together count the foreground.
     histogram[kFull] = countForeground(grid);

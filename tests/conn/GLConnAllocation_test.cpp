@@ -21,7 +21,7 @@ std::uint64_t digestOf(GLObjectList const& list) {
     return digest.value();
 }
 
-/// Runs `call` with its first, second, ... allocation failing, until there is none left to fail. Returns their number.
+// Runs `call` with its first, second, ... allocation failing, until there is none left to fail. Returns their number.
 template <typename Call> std::size_t failEachAllocation(Call const& call) {
     for (std::size_t failing = 1;; ++failing) {
         bool hasFailed = false;

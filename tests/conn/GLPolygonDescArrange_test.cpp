@@ -11,7 +11,7 @@ namespace {
 using namespace tamo::test;
 using Links = std::vector<unsigned int>;
 
-/// Four points about (2, 2, 2) in the plane z = 2, counter-clockwise seen from above, then others.
+// Four points about (2, 2, 2) in the plane z = 2, counter-clockwise seen from above, then others.
 std::vector<Plain3> squarePoints() {
     return {{3, 2, 2}, {2, 3, 2}, {1, 2, 2}, {2, 1, 2}, {2, 2, 2}, {0.5F, 0.5F, 0.5F}, {2.5F, 2.5F, 2}};
 }

@@ -15,7 +15,7 @@ namespace {
 using tamo::test::FailingNew;
 using tamo::test::StreamCapture;
 
-/// Takes note of the calls and of what was allocated up to them, without allocating anything itself.
+// Takes note of the calls and of what was allocated up to them, without allocating anything itself.
 class CallCounter : public IPolygonAggregator {
   public:
     void start() override { ++starts; }
@@ -37,7 +37,7 @@ class CallCounter : public IPolygonAggregator {
     std::size_t allocationsAtFinish = 0;
 };
 
-/// Scans a block that is too large for the scan to do without memory of its own; one voxel is repeated all over it.
+// Scans a block that is too large for the scan to do without memory of its own; one voxel is repeated all over it.
 class WorkSpace : public testing::Test {
   protected:
     WorkSpace() { GLObjectListForNeighborhood(Neighborhood::N14II, list); }

@@ -17,7 +17,7 @@ namespace {
 
 using namespace tamo::test;
 
-/// Keeps a flat copy of a list: addresses of objects and polygons, and all floats.
+// Keeps a flat copy of a list: addresses of objects and polygons, and all floats.
 struct ListSnapshot {
     explicit ListSnapshot(GLObjectList const& list) {
         for (GLObject const* object : list) {
@@ -35,7 +35,7 @@ struct ListSnapshot {
     std::vector<float> floats;
 };
 
-/// Remembers which object each configuration came with, and where its last vertex stood.
+// Remembers which object each configuration came with, and where its last vertex stood.
 struct ObjectCollector : RecordingAggregator {
     void fetch(GLObject& object, GLCoord3f const& offset) override {
         RecordingAggregator::fetch(object, offset);

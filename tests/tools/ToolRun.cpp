@@ -30,8 +30,8 @@ void redirect(std::filesystem::path const& path, int descriptor) {
     close(file);
 }
 
-/// Runs the program; calls `disturb` with its process once it is started. Standard error goes to the descriptor
-/// `terminal` where there is one.
+// Runs the program; calls `disturb` with its process once it is started. Standard error goes to the descriptor
+// `terminal` where there is one.
 template <typename Disturb>
 ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb, int terminal = -1) {
     TemporaryFolder const folder;

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Loads a library ahead of the program's own while it lives.
+// Loads a library ahead of the program's own while it lives.
 class PreloadedLibrary {
   public:
     explicit PreloadedLibrary(char const* path) {
@@ -33,7 +33,7 @@ class PreloadedLibrary {
     std::string _options;
 };
 
-/// Draws a small volume; the picture belongs into the folder `out`.
+// Draws a small volume; the picture belongs into the folder `out`.
 ToolRun render(TemporaryFolder const& folder, std::vector<std::string> const& options) {
     fileFormats().front().write(makeSamples(8, 7, 6), folder / "a.nii");
     fs::create_directory(folder / "out");

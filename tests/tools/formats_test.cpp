@@ -17,7 +17,7 @@ std::string line(std::string const& output, std::string const& key) {
     return start == std::string::npos ? "" : output.substr(start, output.find('\n', start) - start);
 }
 
-/// The line on the surface that a render prints.
+// The line on the surface that a render prints.
 std::string surface(std::filesystem::path const& volume, std::vector<std::string> const& more = {}) {
     TemporaryFolder const folder;
     std::vector<std::string> arguments{"render", volume.string(), "-o",     (folder / "a.png").string(),
@@ -64,7 +64,7 @@ TEST_P(Formats, GiveTheSameSurface) {
 INSTANTIATE_TEST_SUITE_P(All, Formats, testing::ValuesIn(fileFormats()),
                          [](auto const& instance) { return instance.param.name; });
 
-/// Bytes of one value in a file of bare voxels.
+// Bytes of one value in a file of bare voxels.
 template <typename T> std::string valueBytes(T value, bool isBigEndian) {
     std::string bytes(sizeof(T), '\0');
     std::memcpy(bytes.data(), &value, sizeof(T));

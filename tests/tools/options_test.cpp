@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder with a volume of 8 x 7 x 6 voxels and a place for a picture.
+// A folder with a volume of 8 x 7 x 6 voxels and a place for a picture.
 class BadInput : public testing::Test {
   protected:
     BadInput() {

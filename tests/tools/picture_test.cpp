@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Draws a file of bare 8-bit voxels, 1 where `isInside` holds.
+// Draws a file of bare 8-bit voxels, 1 where `isInside` holds.
 template <typename IsInside>
 fs::path draw(TemporaryFolder const& folder, std::array<int, 3> size, IsInside&& isInside,
               std::vector<std::string> const& options) {
@@ -85,7 +85,7 @@ TEST(Picture, IsLitOnEverySideAndBurntNowhere) {
     EXPECT_GT(picture.at(80, 70).red, picture.at(140, 150).red + 10);
 }
 
-/// An edge along each axis, of different lengths: no two views of it look alike.
+// An edge along each axis, of different lengths: no two views of it look alike.
 bool isOnTripod(int x, int y, int z) {
     return (y < 2 && z < 2) || (x < 2 && z < 2 && y < 12) || (x < 2 && y < 2 && z < 6);
 }

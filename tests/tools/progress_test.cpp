@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A volume of many polygons, and a place for its picture.
+// A volume of many polygons, and a place for its picture.
 class Progress : public testing::Test {
   protected:
     explicit Progress(int side = 70) {

@@ -18,7 +18,7 @@ std::vector<Triple> const& diagonals() {
     return all;
 }
 
-/// The diagonals along which two foreground voxels touch without parting, written out.
+// The diagonals along which two foreground voxels touch without parting, written out.
 std::vector<Triple> linkedDiagonals(Neighborhood::NHConfig config) {
     switch (config) {
     case Neighborhood::N6:
@@ -43,7 +43,7 @@ bool contains(std::vector<Triple> const& steps, Triple const& step) {
     return std::find(steps.begin(), steps.end(), step) != steps.end();
 }
 
-/// A block of 4 x 4 x 4 of one value with two voxels of the other, the second one `step` from the first.
+// A block of 4 x 4 x 4 of one value with two voxels of the other, the second one `step` from the first.
 VoxelSet pairInBlock(Triple const& step, bool isForeground) {
     VoxelSet set({4, 4, 4});
     set.forEach([&](Triple const& voxel) { set.set(voxel, !isForeground); });
@@ -99,7 +99,7 @@ TEST_P(AdjacencyPatterns, TwoVoxelsApartAreTwo) {
     EXPECT_EQ(topologyOf(set).components, 2);
 }
 
-/// Fills a box with the bits of a number.
+// Fills a box with the bits of a number.
 VoxelSet patternOf(Triple const& size, unsigned int bits) {
     VoxelSet set(size);
     unsigned int place = 0;

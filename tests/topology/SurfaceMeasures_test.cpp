@@ -42,8 +42,8 @@ double areaOf(GLObject const& object) {
     return area;
 }
 
-/// Returns the area of the surface of a half space per unit of its true area. A plane passes through a cell at every
-/// height equally often: between the heights of two corners the configuration stays the same.
+// Returns the area of the surface of a half space per unit of its true area. A plane passes through a cell at every
+// height equally often: between the heights of two corners the configuration stays the same.
 double areaFactor(std::vector<double> const& areas, std::array<double, 3> const& direction) {
     std::array<std::pair<double, unsigned int>, 8> corners;
     for (unsigned int corner = 0; corner < 8; ++corner) {
@@ -63,7 +63,7 @@ double areaFactor(std::vector<double> const& areas, std::array<double, 3> const&
     return factor;
 }
 
-/// Returns the mean factor over directions spread evenly: the limit for large balls.
+// Returns the mean factor over directions spread evenly: the limit for large balls.
 double ballLimit(GLObjectList const& list) {
     std::vector<double> areas;
     for (GLObject const* object : list) {

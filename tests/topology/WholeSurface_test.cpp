@@ -23,7 +23,7 @@ VoxelSet randomSet(std::mt19937& engine, unsigned int percent, int largestSide) 
     return set;
 }
 
-/// Visits random sets of 2 to `largestSide` voxels a side and 5 to 95 % density.
+// Visits random sets of 2 to `largestSide` voxels a side and 5 to 95 % density.
 template <typename Visit> void forEachRandomSet(int rounds, int largestSide, Visit const& visit) {
     std::mt19937 engine(7);
     for (int round = 0; round < rounds; ++round) {
@@ -38,10 +38,10 @@ class WholeSurface : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
     [[nodiscard]] ScannedSurface scan(VoxelSet const& set) const { return {set.volume(), set.size(), _objects.list()}; }
 
-    /// Five fans of N6 have an inner edge on a cell face, where a neighbour's may lie, too.
+    // Five fans of N6 have an inner edge on a cell face, where a neighbour's may lie, too.
     [[nodiscard]] static bool polygonsApart() { return GetParam() == Neighborhood::N6; }
 
-    /// Returns the Euler number of the object whose boundary the surface is.
+    // Returns the Euler number of the object whose boundary the surface is.
     [[nodiscard]] static std::int64_t objectEuler(VoxelSet const& set) {
         switch (GetParam()) {
         case Neighborhood::N6:
@@ -92,8 +92,8 @@ TEST_P(WholeSurface, WindsOnceAroundForegroundAndNotAroundBackground) {
     });
 }
 
-/// Returns 48 times the volume that a configuration's surface keeps of the cell's foreground side: the flux through its
-/// triangles and through what they leave of each face, seen from the cell's centre.
+// Returns 48 times the volume that a configuration's surface keeps of the cell's foreground side: the flux through its
+// triangles and through what they leave of each face, seen from the cell's centre.
 std::int64_t ownVolume48(GLObject const& object, unsigned int configuration) {
     HalfPoint const middle = {1, 1, 1};
     std::vector<HalfTriangle> const triangles = drawnTriangles(object);

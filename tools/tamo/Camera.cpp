@@ -15,7 +15,7 @@ constexpr double kMargin = 0.05;
 
 double dot(Vector3 const& a, Vector3 const& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
-/// Returns how far along each screen axis one voxel leads along each volume axis: [screen][volume].
+// Returns how far along each screen axis one voxel leads along each volume axis: [screen][volume].
 std::array<Vector3, 3> voxelSteps(Volume const& geometry, View view) {
     auto const screen = screenAxes(view);
     std::array<Vector3, 3> steps{};
@@ -39,7 +39,7 @@ struct Extent {
     }
 };
 
-/// Finds the foreground's extent on the screen. A row's extreme points are its two ends, whatever the view.
+// Finds the foreground's extent on the screen. A row's extreme points are its two ends, whatever the view.
 Extent screenExtent(BinaryVolume const& binary, std::array<Vector3, 3> const& steps, unsigned int step) {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     Extent extent{{kInfinity, kInfinity, kInfinity}, {-kInfinity, -kInfinity, -kInfinity}};

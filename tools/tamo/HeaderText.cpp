@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Tells whether a value is a whole number in [least, most]; one that is no number is not.
+// Tells whether a value is a whole number in [least, most]; one that is no number is not.
 bool isWhole(double value, double least, double most) {
     return value >= least && value <= most && value == std::floor(value);
 }

@@ -18,7 +18,7 @@ namespace {
 using namespace tamo;
 namespace fs = std::filesystem;
 
-/// Spells fields that have two names in one way.
+// Spells fields that have two names in one way.
 std::string fieldName(std::string name) {
     std::transform(name.begin(), name.end(), name.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -49,7 +49,7 @@ HeaderText readHeader(fs::path const& path) {
     return header;
 }
 
-/// Reads a type by its C name, in any of the orders of words that the format allows, or by its number of bits.
+// Reads a type by its C name, in any of the orders of words that the format allows, or by its number of bits.
 int scalarType(HeaderText const& header) {
     static std::map<std::string, int> const kTypes{{"signed char", VTK_SIGNED_CHAR},
                                                    {"unsigned char", VTK_UNSIGNED_CHAR},
@@ -102,7 +102,7 @@ Size3 sizes(HeaderText const& header) {
     return header.size("sizes");
 }
 
-/// Returns the signs that turn the coordinates of a named space towards the right, the front and the top.
+// Returns the signs that turn the coordinates of a named space towards the right, the front and the top.
 Vector3 patientSigns(std::string space) {
     std::transform(space.begin(), space.end(), space.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -134,7 +134,7 @@ void applyGeometry(Volume& volume, HeaderText const& header) {
     }
 }
 
-/// Returns where the voxels begin once `lines` lines past `start` are skipped: at the file's end where it has fewer.
+// Returns where the voxels begin once `lines` lines past `start` are skipped: at the file's end where it has fewer.
 std::uint64_t skipLines(fs::path const& data, std::uint64_t start, std::int64_t lines) {
     std::ifstream file(data, std::ios::binary);
     file.seekg(static_cast<std::streamoff>(start));
@@ -155,7 +155,7 @@ VoxelEncoding encoding(HeaderText const& header) {
     return found->second;
 }
 
-/// Returns the byte order of the voxels; single bytes have none.
+// Returns the byte order of the voxels; single bytes have none.
 bool isBigEndian(HeaderText const& header, Volume const& volume) {
     if (volume.image->GetScalarSize() == 1) {
         return false;

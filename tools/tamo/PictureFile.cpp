@@ -22,7 +22,7 @@ namespace {
 using namespace tamo;
 namespace fs = std::filesystem;
 
-/// Makes an empty file of a name of its own, which an interruption removes; returns its descriptor, or -1.
+// Makes an empty file of a name of its own, which an interruption removes; returns its descriptor, or -1.
 int makeUnfinishedFile(std::string& pattern) {
     // Between the two calls an interruption would leave the file behind.
     HeldInterruption const held;

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Swallows VTK's messages and remembers that there was an error.
+// Swallows VTK's messages and remembers that there was an error.
 class SilentWindow : public vtkOutputWindow {
   public:
     static SilentWindow* New();

@@ -28,7 +28,7 @@ std::string text(Size3 const& v, char const* separator) {
     return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
 }
 
-/// Returns the box to scan, checked against the volume and the step.
+// Returns the box to scan, checked against the volume and the step.
 Box chooseBox(RenderOptions const& options, Size3 const& size) {
     Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
     for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -56,7 +56,7 @@ std::string rangeText(ValueRange range) {
                                  : numberText(range.min) + " .. " + numberText(range.max);
 }
 
-/// Returns the values that are foreground, and prints them.
+// Returns the values that are foreground, and prints them.
 ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
     ValueRange const found = computeValueRange(volume, options.source.path.string());
     bool const isAutomatic = !options.min && !options.max;
@@ -113,7 +113,7 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     return info;
 }
 
-/// Draws the surface of every system into its panel.
+// Draws the surface of every system into its panel.
 class PanelPainter {
   public:
     PanelPainter(RenderOptions const& options, Scan const& scan, Volume const& geometry, int samples)

@@ -17,8 +17,8 @@ namespace {
 
 using namespace tamo;
 
-/// Hands the surface on to the library's own receiver, moved by `origin` and a list after another, and shows how much
-/// of it has passed.
+// Hands the surface on to the library's own receiver, moved by `origin` and a list after another, and shows how much
+// of it has passed.
 class ListCompiler : public IPolygonAggregator {
   public:
     ListCompiler(Size3 const& origin, std::size_t primitives, Progress& progress)

@@ -67,7 +67,7 @@ void drawLists(std::vector<unsigned int> const& displayLists) {
     }
 }
 
-/// Averages each square of `samples` x `samples` pixels of red, green, blue and a byte that is not used.
+// Averages each square of `samples` x `samples` pixels of red, green, blue and a byte that is not used.
 Picture reduce(std::vector<unsigned char> const& drawn, PictureSize size, int samples) {
     Picture picture{size, {}};
     picture.pixels.reserve(std::size_t{3} * static_cast<std::size_t>(size.width) *

@@ -35,7 +35,7 @@ void reverseScalars(unsigned char* data, std::uint64_t bytes, int scalarBytes) {
     throw UserError(path.string() + ": expected " + expected + "; the file is damaged or truncated");
 }
 
-/// Expands a zlib or gzip stream piece by piece.
+// Expands a zlib or gzip stream piece by piece.
 class Expander {
   public:
     Expander(fs::path const& path, std::uint64_t start) : _file(path, std::ios::binary), _input(1 << 16) {
@@ -48,7 +48,7 @@ class Expander {
     Expander(Expander const&) = delete;
     Expander& operator=(Expander const&) = delete;
 
-    /// Writes the next `bytes` bytes; false where the stream is damaged or ends before.
+    // Writes the next `bytes` bytes; false where the stream is damaged or ends before.
     bool read(unsigned char* output, unsigned int bytes) {
         _stream.next_out = output;
         _stream.avail_out = bytes;
@@ -58,7 +58,7 @@ class Expander {
         return _stream.avail_out == 0;
     }
 
-    /// Reads on to the stream's end and its check sum; returns whether they are as they should be.
+    // Reads on to the stream's end and its check sum; returns whether they are as they should be.
     bool finish() {
         std::vector<unsigned char> rest(1 << 16);
         while (_isGood && !_isAtEnd) {
@@ -82,7 +82,7 @@ class Expander {
         _isGood = result == Z_OK || (_isAtEnd && startNextMember());
     }
 
-    /// A gzip file may consist of several streams, one behind the other.
+    // A gzip file may consist of several streams, one behind the other.
     bool startNextMember() {
         bool const isMore = _stream.avail_in > 1 && _stream.next_in[0] == 0x1F && _stream.next_in[1] == 0x8B;
         if (isMore) {
@@ -101,7 +101,7 @@ class Expander {
 
 std::string bytesOfVoxels(Volume const& volume) { return std::to_string(voxelBytes(volume)) + " bytes of voxels"; }
 
-/// Fills the image row by row through `read(address, bytes)`, which tells whether it got them all.
+// Fills the image row by row through `read(address, bytes)`, which tells whether it got them all.
 template <typename Read> void readRows(Volume& volume, VoxelLocation const& location, Read&& read, Progress& progress) {
     int const scalarBytes = volume.image->GetScalarSize();
     auto const rowBytes = static_cast<unsigned int>(volume.size[0]) * static_cast<unsigned int>(scalarBytes);
@@ -144,7 +144,7 @@ void readCompressed(Volume& volume, VoxelLocation const& location, Progress& pro
     }
 }
 
-/// Reads a number of the type T from the whole of `word`; false where it is none, or none that T holds.
+// Reads a number of the type T from the whole of `word`; false where it is none, or none that T holds.
 template <typename T> bool parse(std::string const& word, T& value) {
     if constexpr (std::is_floating_point_v<T>) {
         // Unlike a stream this knows "nan" and "inf". Numbers too small for the type come close to 0.

@@ -29,7 +29,7 @@ void showProgress(vtkObject* caller, unsigned long, void* progress, void*) {
     static_cast<Progress*>(progress)->update(static_cast<vtkAlgorithm*>(caller)->GetProgress());
 }
 
-/// Runs a VTK reader to its end; returns whether it and everything below it went without an error.
+// Runs a VTK reader to its end; returns whether it and everything below it went without an error.
 bool update(vtkAlgorithm& reader, Progress& progress) {
     vtkNew<vtkCallbackCommand> command;
     command->SetCallback(showProgress);
@@ -60,7 +60,7 @@ Volume makeVolume(vtkImageData* image, std::string const& format, std::filesyste
     return volume;
 }
 
-/// Takes the direction cosines from the columns of a matrix, whatever their lengths.
+// Takes the direction cosines from the columns of a matrix, whatever their lengths.
 template <typename Matrix> void setAxes(Volume& volume, Matrix const& matrix) {
     for (int axis = 0; axis < 3; ++axis) {
         Vector3 const column{matrix.GetElement(0, axis), matrix.GetElement(1, axis), matrix.GetElement(2, axis)};
@@ -71,7 +71,7 @@ template <typename Matrix> void setAxes(Volume& volume, Matrix const& matrix) {
     }
 }
 
-/// Turns slices that VTK has put into reverse order, so that its axes are right-handed, back into that of the file.
+// Turns slices that VTK has put into reverse order, so that its axes are right-handed, back into that of the file.
 void reverseSlices(Volume& volume) {
     auto const sliceBytes = static_cast<std::ptrdiff_t>(voxelBytes(volume)) / volume.size[2];
     for (int z = 0; z < volume.size[2] / 2; ++z) {
@@ -83,13 +83,13 @@ void reverseSlices(Volume& volume) {
     }
 }
 
-/// Tells by its first bytes, as VTK does: a name may lie.
+// Tells by its first bytes, as VTK does: a name may lie.
 bool isGzipFile(std::filesystem::path const& path) {
     std::ifstream file(path, std::ios::binary);
     return file.get() == 0x1F && file.get() == 0x8B;
 }
 
-/// Tells whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
+// Tells whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
 bool hasClosingTag(std::filesystem::path const& path) {
     std::ifstream file(path, std::ios::binary | std::ios::ate);
     std::string end(static_cast<std::size_t>(std::min<std::streamoff>(file.tellg(), 64)), ' ');
