@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* bytes, std::size_t co
 
 namespace {
 
-/// Runs one input; tells its name first, as a fault ends the program.
+// Runs one input; tells its name first, as a fault ends the program.
 bool replay(std::filesystem::path const& file) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream) {
@@ -26,7 +26,7 @@ bool replay(std::filesystem::path const& file) {
 
 } // namespace
 
-/// Runs a fuzzer's entry point with the inputs in the given files and folders, without libFuzzer.
+// Runs a fuzzer's entry point with the inputs in the given files and folders, without libFuzzer.
 int main(int argc, char** argv) {
     int inputs = 0;
     for (int i = 1; i < argc; ++i) {

@@ -9,7 +9,7 @@
 
 using namespace tamo;
 
-/// Returns a list whose objects carry their slot's number and count differently, slots 0 and 255 included.
+// Returns a list whose objects carry their slot's number and count differently, slots 0 and 255 included.
 static GLObjectList const& objects() {
     static GLObjectList list;
     for (unsigned int c = list.size(); c < 256; ++c) {
@@ -21,8 +21,8 @@ static GLObjectList const& objects() {
     return list;
 }
 
-/// Builds a volume, its layout and a box of it from `bytes`, and stops the program where the library's scan and count
-/// differ from the plain walk's. Bytes of the volume that are no samples are neither 0 nor 1.
+// Builds a volume, its layout and a box of it from `bytes`, and stops the program where the library's scan and count
+// differ from the plain walk's. Bytes of the volume that are no samples are neither 0 nor 1.
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* bytes, std::size_t count) {
     constexpr std::array<std::size_t, 3> kOrders[] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
     std::size_t read = 0;

@@ -9,6 +9,15 @@
 
 namespace tamo {
 
+/// The configuration byte, or corner set, of all corners.
+constexpr unsigned int kFullCell = 255;
+
+/// What stands for a vertex where none is found.
+constexpr unsigned char kNoVertex = 255;
+
+/// Tells whether all corners of a link belong to the set `corners`.
+constexpr bool isInside(unsigned int link, unsigned int corners) { return (link & ~corners) == 0; }
+
 /// Returns the lowest corner of the set `corners` that is not below `from`, or 0 where there is none.
 constexpr unsigned int cornerOrZero(unsigned int corners, unsigned int from) {
     return nextCorner(corners, from) % kCornerCount;

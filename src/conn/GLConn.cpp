@@ -1,9 +1,14 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "CaseHandler.h"
+
 #include <tamo/conn/GLConn.h>
 
 #include <iostream>
 #include <memory>
+
+using tamo::isInside;
+using tamo::kFullCell;
 
 // The order within a list counts: where an entry and its complement are both listed, the later one writes last.
 
@@ -22,14 +27,6 @@ unsigned char const GLConn::_case41[3] = {0x29, 0x49, 0x61};
 unsigned char const GLConn::_case75[9] = {0x4b, 0x59, 0x63, 0x39, 0x2d, 0x65, 0x6b, 0x6d, 0x79};
 
 float const GLConn::_epsilon = 1e-6F;
-
-namespace {
-
-constexpr unsigned int kFullCell = 255;
-
-bool isInside(unsigned int link, unsigned int corners) { return (link & ~corners) == 0; }
-
-} // namespace
 
 GLConn::GLConn(Neighborhood::NHConfig config) : _caseLut(kFullCell + 1) {
     _fgObjects.reserve(4);

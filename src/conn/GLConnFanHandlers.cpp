@@ -10,8 +10,14 @@
 using tamo::appendPolygon;
 using tamo::cornerOrZero;
 using tamo::firstVertex;
+using tamo::isInside;
+using tamo::kNoVertex;
 
 // Each of these cases is one triangle fan; they differ in the vertex from which it starts.
+
+unsigned char GLConn::findVertexOfType(GLPolygonDesc const& desc, unsigned int type, unsigned char none) const {
+    return firstVertex(desc, none, [&](unsigned char k) { return (getVInfo(desc.conn[k]) & type) != 0; });
+}
 
 bool GLConn::handleDefault(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
                            unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
@@ -22,8 +28,7 @@ bool GLConn::handleDefault(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vi
 
 bool GLConn::handlePixel(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
                          unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
-    auto const onFaceDiagonal = [&](unsigned char k) { return (getVInfo(desc.conn[k]) & kFaceDiagonalInfo) != 0; };
-    desc.arrange(firstVertex(desc, 0, onFaceDiagonal), 0, sdiag);
+    desc.arrange(findVertexOfType(desc, kFaceDiagonalInfo, 0), 0, sdiag);
     appendPolygon(*obj, desc);
     return true;
 }
@@ -32,11 +37,8 @@ bool GLConn::handleCEdge(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo,
                          unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
     desc.fan = true;
     desc.strip = false;
-    unsigned char start = 0;
-    if ((vinfo & kSpaceDiagonalInfo) == 0) {
-        start =
-            firstVertex(desc, 0, [&](unsigned char k) { return (getVInfo(desc.conn[k]) & kFaceDiagonalInfo) != 0; });
-    }
+    bool const hasCentre = (vinfo & kSpaceDiagonalInfo) != 0;
+    unsigned char const start = hasCentre ? 0 : findVertexOfType(desc, kFaceDiagonalInfo, 0);
     desc.arrange(start, 0, sdiag);
     appendPolygon(*obj, desc);
     return true;
@@ -66,7 +68,7 @@ bool GLConn::handleC7(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, un
     unsigned int last = 0;
     unsigned int secondLast = 0;
     for (unsigned int i = 0; i < getConnSize(); ++i) {
-        if ((getConn(i) & ~shape) == 0 && (getVInfo(i) & edgeInfo) == edgeInfo) {
+        if (isInside(getConn(i), shape) && (getVInfo(i) & edgeInfo) == edgeInfo) {
             secondLast = last;
             last = i;
         }
@@ -76,7 +78,6 @@ bool GLConn::handleC7(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, un
     auto const isAtMiddle = [&](unsigned char k) {
         return (getConn(desc.conn[k]) & middle) == middle && (getVInfo(desc.conn[k]) & kind) != 0;
     };
-    constexpr unsigned char kNoVertex = 255;
     unsigned char const start = firstVertex(desc, kNoVertex, isAtMiddle);
     if (start == kNoVertex) {
         // Only systems that are not made by cases, N14II among them, have such a component.
@@ -90,9 +91,7 @@ bool GLConn::handleC7(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, un
 
 bool GLConn::handleC41(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
                        unsigned char /*bg*/, bool /*inv*/, bool /*sdiag*/) {
-    constexpr unsigned char kNoVertex = 255;
-    unsigned char const centre = firstVertex(
-        desc, kNoVertex, [&](unsigned char k) { return (getVInfo(desc.conn[k]) & kSpaceDiagonalInfo) != 0; });
+    unsigned char const centre = findVertexOfType(desc, kSpaceDiagonalInfo, kNoVertex);
     if (centre == kNoVertex) {
         std::cerr << "no vertex found" << std::endl;
         return false;

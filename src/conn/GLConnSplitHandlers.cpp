@@ -10,17 +10,17 @@
 
 using tamo::appendPolygon;
 using tamo::firstVertex;
+using tamo::isInside;
+using tamo::kNoVertex;
 
 // The two largest cases: a fan from the wrong vertex folds over or runs into a face of the cell, and around a diagonal
 // that the shape itself contains no single fan exists. docs/adjacency.md draws the shapes.
 
 namespace {
 
-constexpr unsigned char kNoVertex = 255;
-
 bool isParallel(GLVec3f const& a, GLVec3f const& b) { return std::fabs(a.dot(b)) > 0.9999F; }
 
-/// The two sides of a polygon that a plane splits, each a fan of its own.
+// The two sides of a polygon that a plane splits, each a fan of its own.
 struct Halves {
     explicit Halves(GLPolygonDesc const& whole)
         : above(*whole.points, whole.connCount), below(*whole.points, whole.connCount) {
@@ -44,15 +44,17 @@ bool GLConn::handleC25(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
         return true;
     }
     unsigned int const shape = inv ? bg : fg;
-    unsigned int edge = 0;
-    unsigned int faceDiagonal = 0;
-    unsigned int spaceDiagonal = 0;
-    for (unsigned int i = 0; i < getConnSize(); ++i) {
-        if ((getConn(i) & ~shape) == 0) {
-            unsigned int const type = getVInfo(i) & kTypeInfo;
-            (type == kEdgeInfo ? edge : type == kFaceDiagonalInfo ? faceDiagonal : spaceDiagonal) = i;
+    // Such a shape has one link of each type.
+    auto const linkOfType = [&](unsigned int type) {
+        unsigned int link = 0;
+        for (unsigned int i = 0; i < getConnSize(); ++i) {
+            link = isInside(getConn(i), shape) && (getVInfo(i) & type) != 0 ? i : link;
         }
-    }
+        return link;
+    };
+    unsigned int const edge = linkOfType(kEdgeInfo);
+    unsigned int const faceDiagonal = linkOfType(kFaceDiagonalInfo);
+    unsigned int const spaceDiagonal = linkOfType(kSpaceDiagonalInfo);
     GLVec3f const along = getNormal(edge, true);
     GLVec3f const across = along.normalizedCross(getNormal(faceDiagonal, true));
     unsigned int const u = static_cast<unsigned int>(getConn(edge)) & getConn(spaceDiagonal);
@@ -107,7 +109,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
     unsigned int centreLink = getConnSize();
     std::array<unsigned int, 3> path{};
     for (unsigned int i = 0; i < getConnSize(); ++i) {
-        if ((getConn(i) & ~shape) != 0) {
+        if (!isInside(getConn(i), shape)) {
             continue;
         }
         if (hasAll(i, kSpaceDiagonalInfo | kBothInfo)) {
@@ -122,8 +124,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
         return true;
     }
     if ((vinfo & kFaceDiagonalInfo) != 0) {
-        auto const isFaceDiagonal = [&](unsigned char k) { return hasAll(desc.conn[k], kFaceDiagonalInfo); };
-        desc.arrange(firstVertex(desc, 0, isFaceDiagonal), 0, /*close=*/false);
+        desc.arrange(findVertexOfType(desc, kFaceDiagonalInfo, 0), 0, /*close=*/false);
         appendPolygon(*obj, desc);
         return true;
     }
@@ -137,7 +138,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
     return true;
 }
 
-/// Splits a ring of vertices around the centre link along the link, and makes a polygon of each half.
+// Splits a ring of vertices around the centre link along the link, and makes a polygon of each half.
 void GLConn::splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsigned int centreLink,
                                unsigned int shape) {
     unsigned int const end = 1U << getP0ofConn(centreLink);
@@ -145,7 +146,7 @@ void GLConn::splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsi
     unsigned int secondLast = 0;
     for (unsigned int i = 0; i < getConnSize(); ++i) {
         if ((getVInfo(i) & (kEdgeInfo | kBothInfo)) == (kEdgeInfo | kBothInfo) && (getConn(i) & end) != 0 &&
-            (getConn(i) & ~shape) != 0) {
+            !isInside(getConn(i), shape)) {
             secondLast = last;
             last = i;
         }
@@ -192,8 +193,8 @@ void GLConn::splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsi
     appendPolygon(object, halves.below);
 }
 
-/// Returns the first vertex, at an end edge of the path, whose normal is at right angles to that edge and the middle
-/// one; `kNoVertex` where there is none. A fan from a vertex that looks along the middle edge would fold over.
+// Returns the first vertex, at an end edge of the path, whose normal is at right angles to that edge and the middle
+// one; `kNoVertex` where there is none. A fan from a vertex that looks along the middle edge would fold over.
 unsigned char GLConn::findPathStart(GLPolygonDesc const& desc, std::array<unsigned int, 3> const& path) const {
     auto const touches = [this](unsigned int a, unsigned int b) { return (getConn(a) & getConn(b)) != 0; };
     unsigned int middle = 0;
@@ -201,16 +202,12 @@ unsigned char GLConn::findPathStart(GLPolygonDesc const& desc, std::array<unsign
            !(touches(path[middle], path[(middle + 1) % 3]) && touches(path[middle], path[(middle + 2) % 3]))) {
         ++middle;
     }
+    auto const isAcross = [&](unsigned char k, unsigned int end) {
+        GLVec3f const direction = getNormal(path[middle], true).cross(getNormal(path[end], true));
+        return touches(desc.conn[k], path[end]) && isParallel(desc.normal(k), direction);
+    };
     return firstVertex(desc, kNoVertex, [&](unsigned char k) {
-        if ((getVInfo(desc.conn[k]) & kEdgeInfo) == 0) {
-            return false;
-        }
-        for (unsigned int i = 0; i < path.size(); ++i) {
-            GLVec3f const direction = getNormal(path[middle], true).cross(getNormal(path[i], true));
-            if (i != middle && touches(desc.conn[k], path[i]) && isParallel(desc.normal(k), direction)) {
-                return true;
-            }
-        }
-        return false;
+        bool const isOnEdge = (getVInfo(desc.conn[k]) & kEdgeInfo) != 0;
+        return isOnEdge && (isAcross(k, (middle + 1) % 3) || isAcross(k, (middle + 2) % 3));
     });
 }

@@ -17,8 +17,7 @@ void repeatVertex(GLPolygonDesc& desc, unsigned int k) {
 // diagonal, cut open into one strip that ends where it begins.
 bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char fg,
                           unsigned char /*bg*/, bool inv, bool /*sdiag*/) {
-    constexpr unsigned int kFullCell = 255;
-    unsigned int const ends = inv ? kFullCell - fg : fg;
+    unsigned int const ends = inv ? tamo::kFullCell - fg : fg;
     unsigned int const a = tamo::cornerOrZero(ends, 0);
     unsigned int const b = tamo::cornerOrZero(ends, a + 1);
     GLVec3f const upward = _vertices->vertex(b) - _vertices->vertex(a);

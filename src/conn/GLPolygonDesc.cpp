@@ -15,14 +15,14 @@ constexpr double kPi = 3.141592653589793;
 constexpr double kTwoPi = 6.283185307179586;
 constexpr GLVec3f kCellCentre(0.5F, 0.5F, 0.5F);
 
-/// Measures the counter-clockwise turn, about an axis through the centroid, from a reference vertex to another.
+// Measures the counter-clockwise turn, about an axis through the centroid, from a reference vertex to another.
 class Turn {
   public:
     Turn(GLVec3f const& axis, GLVec3f const& centre, GLVec3f const& reference)
         : _axis(axis), _centre(centre), _axisSquared(axis.dot(axis)), _reference(inwardOffset(reference)),
           _referenceLength(_reference.length()) {}
 
-    /// Returns the angle to `position`, in [0, 2 pi).
+    // Returns the angle to `position`. In the reference's own direction it is a full turn, not none.
     [[nodiscard]] double to(GLVec3f const& position) const {
         GLVec3f const offset = inwardOffset(position);
         // Near -1 the cosine is too coarse to tell the two sides apart: the opposite vertex is recognised by its place.
@@ -41,7 +41,7 @@ class Turn {
     }
 
   private:
-    /// Returns the way from `position`, projected along the axis, to the centroid.
+    // Returns the way from `position`, projected along the axis, to the centroid.
     [[nodiscard]] GLVec3f inwardOffset(GLVec3f const& position) const {
         float const t = (position - _centre).dot(_axis) / _axisSquared;
         return _axis * t + _centre - position;
@@ -138,8 +138,8 @@ void GLPolygonDesc::arrange(unsigned char first, unsigned char second, bool clos
     setClosing(close);
 }
 
-/// Swaps a vertex on the centroid or the cell centre to the front and returns where it stood; sets `hasCentre`. Where
-/// `axis` is zero, that vertex's normal takes its place.
+// Swaps a vertex on the centroid or the cell centre to the front and returns where it stood; sets `hasCentre`. Where
+// `axis` is zero, that vertex's normal takes its place.
 unsigned char GLPolygonDesc::moveCentreToFront(GLVec3f& axis) {
     hasCentre = false;
     for (unsigned char k = 0; k < count; ++k) {

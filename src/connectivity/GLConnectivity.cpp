@@ -14,7 +14,7 @@ namespace {
 
 constexpr unsigned int kConfigurations = 256;
 
-/// Gathers the midpoints of one polyhedron's foreground-background corner pairs.
+// Gathers the midpoints of one polyhedron's foreground-background corner pairs.
 class PolyhedronCut {
   public:
     PolyhedronCut(GLUnitCube const& cube, GLTesselation const& tesselation, unsigned int polyhedron,
@@ -39,7 +39,7 @@ class PolyhedronCut {
         }
     }
 
-    /// Returns the polygon of the cuts, or null where there are fewer than three; adds its unit direction to `total`.
+    // Returns the polygon of the cuts, or null where there are fewer than three; adds its unit direction to `total`.
     [[nodiscard]] std::unique_ptr<GLPolygon> makePolygon(GLVec3f& total) {
         if (_count < 3) {
             return nullptr;
@@ -66,7 +66,7 @@ class PolyhedronCut {
 
     std::array<GLVec3f, 8> _positions;
     unsigned int _count = 0;
-    /// Points from the foreground to the background: the polygon's outward side.
+    // Points from the foreground to the background: the polygon's outward side.
     GLVec3f _direction;
 };
 
@@ -75,7 +75,7 @@ void append(GLObject& object, std::unique_ptr<GLPolygon> polygon) {
     static_cast<void>(polygon.release());
 }
 
-/// Appends an empty object and returns it; the list owns it at once.
+// Appends an empty object and returns it; the list owns it at once.
 GLObject& appendObject(GLObjectList& list) {
     auto object = std::make_unique<GLObject>();
     list.push_back(object.get());

@@ -21,12 +21,12 @@ unsigned int centreCount(GLPolygon const& polygon) {
     return count;
 }
 
-/// A triangle fan in the making: its rim, and for every rim slot the position that has to follow it.
+// A triangle fan in the making: its rim, and for every rim slot the position that has to follow it.
 struct Rim {
     explicit Rim(unsigned int vertices)
         : fan(std::make_unique<GLPolygon>(vertices)), successors(vertices), vertexCount(vertices) {}
 
-    /// Appends vertex `place` of `polygon`, counted cyclically, with the normal of its centre vertex.
+    // Appends vertex `place` of `polygon`, counted cyclically, with the normal of its centre vertex.
     void append(GLPolygon const& polygon, unsigned int centre, unsigned int place) {
         fan->normal(slot) = polygon.normal(centre);
         fan->vertex(slot) = polygon.vertex(place % polygon.size());
@@ -57,7 +57,7 @@ struct Rim {
         std::swap(successors[a], successors[b]);
     }
 
-    /// Reorders the slots so that each is followed by the one at its successor's position.
+    // Reorders the slots so that each is followed by the one at its successor's position.
     void chain() {
         unsigned int const last = vertexCount - 2;
         for (unsigned int i = 1; i < last; ++i) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Finds the pieces of the corner set `corners` under the links numbered in `list`.
+// Finds the pieces of the corner set `corners` under the links numbered in `list`.
 unsigned int findComponents(unsigned int corners, std::vector<unsigned char> const& links,
                             std::vector<unsigned int> const& list, std::vector<unsigned char>& objects) {
     std::array<unsigned int, 8> slots{};

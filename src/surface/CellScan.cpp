@@ -36,7 +36,7 @@ CellScan::CellScan(SampleGrid const& grid) : _grid(grid), _reader(grid), _cut{} 
     _cut.firstCell = take(room);
 }
 
-/// Keeps what the borders need of slab y, which is at hand only now.
+// Keeps what the borders need of slab y, which is at hand only now.
 void CellScan::keepBorder(std::int64_t y) {
     BitTile const* const slab = _ring.slab(y);
     if (y == 0) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The cell as six tetrahedra of equal volume; all but the first and the last share the diagonal 0-7.
+// The cell as six tetrahedra of equal volume; all but the first and the last share the diagonal 0-7.
 GLTesselation makeSixTetrahedra() {
     GLPolyh const tetrahedra[] = {{0, 1, 3, 5}, {0, 2, 3, 7}, {0, 2, 4, 7}, {0, 3, 5, 7}, {0, 4, 5, 7}, {2, 4, 6, 7}};
     GLTesselation tesselation(0);

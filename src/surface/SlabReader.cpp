@@ -12,20 +12,20 @@ namespace tamo {
 
 namespace {
 
-/// Eight as a type, which lets the compiler unroll what most tiles need.
+// Eight as a type, which lets the compiler unroll what most tiles need.
 using Eight = std::integral_constant<unsigned int, kTileSide>;
 
-/// Where the run with the samples from `place` on starts: earlier, where it would end beyond the last of `count`.
+// Where the run with the samples from `place` on starts: earlier, where it would end beyond the last of `count`.
 struct RunPlace {
     RunPlace(std::int64_t place, std::int64_t count)
         : start(std::min(place, count - kTileSide)), surplus(static_cast<unsigned int>(place - start)) {}
 
     std::int64_t start;
-    /// How many of its samples come before `place`.
+    // How many of its samples come before `place`.
     unsigned int surplus;
 };
 
-/// Calls `read` with the number of the samples from `place` on, eight at most, as a type where it is eight.
+// Calls `read` with the number of the samples from `place` on, eight at most, as a type where it is eight.
 template <typename ReadSamples> void withCount(std::int64_t place, std::int64_t count, ReadSamples const& read) {
     if (count - place >= kTileSide) {
         read(Eight());
@@ -34,12 +34,12 @@ template <typename ReadSamples> void withCount(std::int64_t place, std::int64_t 
     }
 }
 
-/// Memory comes in lines, and these in pairs: on common machines a line alone costs as much as the whole pair.
+// Memory comes in lines, and these in pairs: on common machines a line alone costs as much as the whole pair.
 constexpr std::int64_t kLine = 64;
 constexpr std::int64_t kLinePair = 2 * kLine;
 
-/// Asks for the eight rows of each of a block's eight planes, part by part, to have them near when they are used. Any
-/// address will do: one that is not there is ignored.
+// Asks for the eight rows of each of a block's eight planes, part by part, to have them near when they are used. Any
+// address will do: one that is not there is ignored.
 template <unsigned int Distance>
 void prefetchRows(unsigned char const* block, std::ptrdiff_t row, std::ptrdiff_t plane, std::int64_t part) {
     constexpr std::int64_t kRowsPerPart = 4;
@@ -52,7 +52,7 @@ void prefetchRows(unsigned char const* block, std::ptrdiff_t row, std::ptrdiff_t
     }
 }
 
-/// Returns how many samples there are from `sample` to the end of its pair of lines; 0 where the next lies beyond it.
+// Returns how many samples there are from `sample` to the end of its pair of lines; 0 where the next lies beyond it.
 std::int64_t samplesToPairEnd(unsigned char const* sample, std::ptrdiff_t stride) {
     auto const place = static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(sample) % kLinePair);
     return (stride > 0 ? kLinePair - place : place + 1) / std::abs(stride);
@@ -80,7 +80,7 @@ SlabReader::SlabReader(SampleGrid const& grid) : _grid(grid), _slabsPerRead(1), 
     }
 }
 
-/// Finds the axis whose neighbours are nearest in memory, of those that are long enough for a run.
+// Finds the axis whose neighbours are nearest in memory, of those that are long enough for a run.
 SlabReader::Direction SlabReader::nearestNeighbors() const {
     Direction nearest{Axis::kX, 0};
     auto const consider = [&nearest](Axis axis, std::int64_t count, std::ptrdiff_t stride) {
@@ -187,7 +187,7 @@ void SlabReader::readAlongY(std::int64_t y, std::int64_t count, SlabRing const& 
     }
 }
 
-/// Reads one tile of each slab: runs along y are stacked as those along x are, and their lanes handed out to the slabs.
+// Reads one tile of each slab: runs along y are stacked as those along x are, and their lanes handed out to the slabs.
 template <unsigned int Distance>
 void SlabReader::readBlockAlongY(std::int64_t x, std::int64_t y, std::int64_t z, std::int64_t count,
                                  SlabRing const& ring, std::ptrdiff_t toNextBlock) const {
@@ -223,7 +223,7 @@ void SlabReader::readBlockAlongY(std::int64_t x, std::int64_t y, std::int64_t z,
     }
 }
 
-/// Reads a tile sample by sample.
+// Reads a tile sample by sample.
 BitTile SlabReader::gatherTile(std::int64_t x, std::int64_t y, std::int64_t z) const {
     std::int64_t const lanes = std::min(kTileSide, _grid.count.x - x);
     std::int64_t const planes = std::min(kTileSide, _grid.count.z - z);

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <new>
 #include <numeric>
+#include <optional>
 
 namespace {
 
@@ -29,18 +30,45 @@ std::uint64_t countForeground(tamo::SampleGrid const& grid) {
     return sum;
 }
 
-/// Adds every cut cell to the counter of its configuration.
-void countCutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
-    if (!tamo::SmallScan::fits(grid)) {
-        tamo::CellScan(grid).count(histogram);
-        return;
+// Counts cell by cell, corner by corner: slow, but it needs no work space.
+void countEachCell(tamo::SampleGrid const& grid, Histogram& histogram) {
+    auto const sample = [&grid](std::int64_t x, std::int64_t y, std::int64_t z) {
+        bool const isInGrid = x >= 0 && y >= 0 && z >= 0 && x < grid.count.x && y < grid.count.y && z < grid.count.z;
+        return isInGrid ? *grid.at(x, y, z) : 0U;
+    };
+    for (std::int64_t z = -1; z < grid.count.z; ++z) {
+        for (std::int64_t y = -1; y < grid.count.y; ++y) {
+            for (std::int64_t x = -1; x < grid.count.x; ++x) {
+                unsigned int configuration = 0;
+                for (unsigned int corner = 0; corner < 8; ++corner) {
+                    configuration |= sample(x + (corner & 1U), y + (corner >> 1U & 1U), z + (corner >> 2U)) << corner;
+                }
+                ++histogram[configuration & kFull];
+            }
+        }
     }
-    tamo::SmallScan(grid).visitInOrder([&histogram](std::int64_t, std::int64_t) {
-        return [&histogram](unsigned char configuration, std::int64_t) { ++histogram[configuration]; };
-    });
 }
 
-/// Completes a histogram of the cut cells by those that are empty or full.
+// Adds every cut cell to the counter of its configuration.
+void countCutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
+    if (tamo::SmallScan::fits(grid)) {
+        tamo::SmallScan(grid).visitInOrder([&histogram](std::int64_t, std::int64_t) {
+            return [&histogram](unsigned char configuration, std::int64_t) { ++histogram[configuration]; };
+        });
+        return;
+    }
+    std::optional<tamo::CellScan> scan;
+    try {
+        scan.emplace(grid);
+    } catch (std::bad_alloc const&) {
+        // A count is never refused for want of memory: callers use it to find out how much they need.
+        countEachCell(grid, histogram);
+        return;
+    }
+    scan->count(histogram);
+}
+
+// Completes a histogram of the cut cells by those that are empty or full.
 void countUncutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
     // Every sample is the first corner of exactly one cell: the odd configurations together count the foreground.
     histogram[kFull] = countForeground(grid);
@@ -61,11 +89,7 @@ bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, un
     }
     tamo::SampleGrid const grid = tamo::makeSampleGrid(data, increments, step, origin, extent);
     Histogram histogram{};
-    try {
-        countCutCells(grid, histogram);
-    } catch (std::bad_alloc const&) {
-        return false;
-    }
+    countCutCells(grid, histogram);
     // The builders leave both slots empty, so that the cells that make up most of a volume need no counting.
     if (objects[0]->size() != 0 || objects[kFull]->size() != 0) {
         countUncutCells(grid, histogram);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr char const* kAllocError = "wrapGlobal alloc error";
 
-/// Calls `start` at once and `finish` once the scan is over or refused.
+// Calls `start` at once and `finish` once the scan is over or refused.
 class AggregatorSession {
   public:
     explicit AggregatorSession(IPolygonAggregator& aggregator) : _aggregator(aggregator) { _aggregator.start(); }
@@ -30,7 +30,7 @@ class AggregatorSession {
     IPolygonAggregator& _aggregator;
 };
 
-/// Returns the list scaled to the size of the cells, or null, with a message, where it cannot be had.
+// Returns the list scaled to the size of the cells, or null, with a message, where it cannot be had.
 std::unique_ptr<GLObjectList> makeScaledList(GLObjectList const& objects, unsigned int step) {
     std::unique_ptr<GLObjectList> scaled;
     try {
@@ -50,7 +50,7 @@ std::unique_ptr<GLObjectList> makeScaledList(GLObjectList const& objects, unsign
     return scaled;
 }
 
-/// Where cells lie along one axis.
+// Where cells lie along one axis.
 class AxisPositions {
   public:
     AxisPositions(unsigned int step, int start) : _step(step), _start(static_cast<float>(start)) {}
@@ -66,7 +66,7 @@ class AxisPositions {
     float _start;
 };
 
-/// The same, computed once for all cells of a small grid: those of its columns meet the same positions again and again.
+// The same, computed once for all cells of a small grid: those of its columns meet the same positions again and again.
 class PositionTable {
   public:
     PositionTable(AxisPositions const& positions, std::int64_t samples) {
@@ -81,7 +81,7 @@ class PositionTable {
     float _positions[tamo::SmallScan::kLongest + 1];
 };
 
-/// Returns what a scan calls with each column; it hands the column's cells to the receiver.
+// Returns what a scan calls with each column; it hands the column's cells to the receiver.
 template <typename Positions>
 auto handOver(GLObject* const* slots, Positions const& x, Positions const& y, Positions const& z,
               IPolygonAggregator& aggregator) {

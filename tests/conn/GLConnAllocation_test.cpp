@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/Digest.h"
 #include "support/FailingNew.h"
+#include "support/SystemName.h"
 
 #include <tamo/conn/GLConn.h>
 #include <tamo/surface/TAMO.h>
@@ -20,7 +21,7 @@ std::uint64_t digestOf(GLObjectList const& list) {
     return digest.value();
 }
 
-/// Runs `call` with its first, second, ... allocation failing, until there is none left to fail. Returns their number.
+// Runs `call` with its first, second, ... allocation failing, until there is none left to fail. Returns their number.
 template <typename Call> std::size_t failEachAllocation(Call const& call) {
     for (std::size_t failing = 1;; ++failing) {
         bool hasFailed = false;
@@ -79,8 +80,7 @@ TEST_P(GLConnAllocation, ListAndBuilderAreUsableAfterAFailure) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, GLConnAllocation,
-                         testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I),
-                         testing::PrintToStringParamName());
+                         testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I), nameOfSystem);
 
 TEST(GLConnConstruction, FailureLeaksNothing) {
     std::ptrdiff_t const before = FailingNew::liveBlocks();

@@ -28,7 +28,7 @@ testing::AssertionResult sameObject(GLObject const& object, PlainCell const& cel
     return testing::AssertionSuccess();
 }
 
-/// A union of link tables and whether normals follow the polygons.
+// A union of link tables and whether normals follow the polygons.
 using ListParameter = std::tuple<unsigned int, bool>;
 
 class GLConnLists : public testing::TestWithParam<ListParameter> {
@@ -63,8 +63,8 @@ TEST_P(GLConnLists, EqualTheSlowBuilderBitForBit) {
     EXPECT_EQ(errors.text(), expectedErrors);
 }
 
-/// The unions of tables that give every component a polygon of at least three vertices, or none at all. Those from 12
-/// on name a link twice and keep what was connected before it; 17 is made by tetrahedra, never by cases.
+// The unions of tables that give every component a polygon of at least three vertices, or none at all. Those from 12
+// on name a link twice and keep what was connected before it; 17 is made by tetrahedra, never by cases.
 constexpr unsigned int kUnions[] = {11, 19, 27, 0,  1,  2,  3,  4,  5,  6,  7,  9, 12,
                                     13, 14, 15, 20, 21, 22, 23, 25, 28, 29, 30, 31};
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/GLConnAccess.h"
 #include "support/PlainBuilder.h"
+#include "support/SystemName.h"
 #include "support/TextCapture.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ using namespace tamo::test;
 
 class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig> {
   protected:
-    /// Counts the polygons compared.
+    // Compares what both builders make of a pair, and counts the polygons. Pairs of too few links are passed over.
     void compare(unsigned int fg, unsigned int bg, std::vector<unsigned int> const& missingLinks) {
         std::optional<PlainCell> cell;
         try {
@@ -39,7 +40,7 @@ class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig>
         }
     }
 
-    /// Leaves out every set of one to three links.
+    // Leaves out every set of one to three links.
     void compareWithFewer(unsigned int fg, unsigned int bg) {
         std::vector<unsigned int> const links = linksBetween(fg, bg);
         for (unsigned int choice = 1; choice < 1U << links.size() && !HasFatalFailure(); ++choice) {
@@ -72,7 +73,7 @@ class GLConnReducedPairs : public testing::TestWithParam<Neighborhood::NHConfig>
         GLConnAccess::dispatch(_conn, object, desc, arguments);
     }
 
-    /// Returns the numbers of the links between two components.
+    // Returns the numbers of the links between two components.
     std::vector<unsigned int> linksBetween(unsigned int fg, unsigned int bg) {
         GLPolygonDesc desc(GLConnAccess::midpoints(_conn), 28);
         GLConnAccess::collect(_conn, desc, static_cast<unsigned char>(fg), static_cast<unsigned char>(bg));
@@ -98,7 +99,6 @@ TEST_P(GLConnReducedPairs, EqualTheSlowBuilderBitForBit) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, GLConnReducedPairs,
-                         testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I),
-                         testing::PrintToStringParamName());
+                         testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I), nameOfSystem);
 
 } // namespace

@@ -11,7 +11,7 @@ namespace {
 using namespace tamo::test;
 using Links = std::vector<unsigned int>;
 
-/// Four points about (2, 2, 2) in the plane z = 2, counter-clockwise seen from above, then others.
+// Four points about (2, 2, 2) in the plane z = 2, counter-clockwise seen from above, then others.
 std::vector<Plain3> squarePoints() {
     return {{3, 2, 2}, {2, 3, 2}, {1, 2, 2}, {2, 1, 2}, {2, 2, 2}, {0.5F, 0.5F, 0.5F}, {2.5F, 2.5F, 2}};
 }
@@ -141,6 +141,18 @@ TEST_F(ArrangeSquare, OppositeVertexStandsAtHalfATurnWhateverTheRounding) {
     }
     pair.arrange(0, 0, false);
     pair.expectEqual();
+}
+
+TEST_F(ArrangeSquare, VertexInTheDirectionOfTheStartComesLast) {
+    std::vector<Plain3> points = squarePoints();
+    points[4] = {5, 2, 2};
+    Twins row(points);
+    for (unsigned int const link : {0U, 4U, 3U, 2U, 1U}) {
+        row.add(link, {0, 0, 1});
+    }
+    row.arrange(0, 0, false);
+    EXPECT_EQ(row.order(), (Links{0, 1, 2, 3, 4}));
+    row.expectEqual();
 }
 
 TEST_F(ArrangeSquare, EqualAnglesKeepTheirOrder) {

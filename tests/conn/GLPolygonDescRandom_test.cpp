@@ -20,7 +20,7 @@ std::vector<Plain3> linkMidpoints() {
     return points;
 }
 
-/// Draws numbers that are the same everywhere.
+// Draws numbers that are the same everywhere.
 class Drawing {
   public:
     explicit Drawing(unsigned int seed) : _engine(seed) {}
@@ -31,7 +31,7 @@ class Drawing {
         float const y = fraction();
         return {x, y, fraction()};
     }
-    /// Returns a direction of a link, or 0, or any vector.
+    // Returns a direction of a link, or 0, or any vector.
     Plain3 normal() {
         switch (below(3)) {
         case 0:
@@ -47,7 +47,7 @@ class Drawing {
     std::mt19937 _engine;
 };
 
-/// Adds 2 to 16 vertices and arranges them in one of all ways.
+// Adds 2 to 16 vertices and arranges them in one of all ways.
 void arrangeAnything(Drawing& drawing, Twins& twins) {
     unsigned int const count = 2 + drawing.below(15);
     for (unsigned int k = 0; k < count; ++k) {
@@ -85,7 +85,7 @@ TEST(GLPolygonDescArrange, OrdersScatteredPointsAsTheSlowOne) {
     }
 }
 
-/// Returns points on a circle about the z axis, in bundles whose members differ by some 1e-8 of a turn.
+// Returns points on a circle about the z axis, in bundles whose members differ by some 1e-8 of a turn.
 std::vector<Plain3> bundledPoints(Drawing& drawing) {
     std::vector<Plain3> points(28);
     for (std::size_t k = 0; k < points.size(); ++k) {

@@ -10,7 +10,7 @@ namespace {
 
 using Links = std::vector<unsigned char>;
 
-/// Point k lies at (k, k + 1, k + 2).
+// Point k lies at (k, k + 1, k + 2).
 std::vector<GLVec3f> countingPoints() {
     std::vector<GLVec3f> points;
     for (unsigned int k = 0; k < 28; ++k) {

@@ -152,7 +152,7 @@ struct Slot {
     Plain3 successor;
 };
 
-/// Brings behind every slot the one that stands where its successor is; slots are numbered from 1.
+// Brings behind every slot the one that stands where its successor is; slots are numbered from 1.
 void chain(std::vector<Slot>& slots, unsigned int& unchained) {
     auto const n = static_cast<unsigned int>(slots.size());
     for (unsigned int i = 1; i + 3 <= n; ++i) {

@@ -31,7 +31,7 @@ GLTesselation sixTetrahedra() {
     return tesselation;
 }
 
-/// Lets every `stride`-th allocation of `wrapLocal` fail and expects that nothing but the exception is left of it.
+// Lets every `stride`-th allocation of `wrapLocal` fail and expects that nothing but the exception is left of it.
 void expectCleanFailures(bool reduce, std::size_t stride) {
     GLTesselation const tesselation = sixTetrahedra();
     std::size_t total = 0;

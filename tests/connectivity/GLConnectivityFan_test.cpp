@@ -24,7 +24,7 @@ using tamo::test::PlainPolygon;
 
 Plain3 const kCentre = {0.5F, 0.5F, 0.5F};
 
-/// Makes a polygon whose vertices all have the normal (0, 0, 1).
+// Makes a polygon whose vertices all have the normal (0, 0, 1).
 PlainPolygon polygonOf(std::vector<Plain3> const& positions) {
     PlainPolygon polygon;
     for (Plain3 const& position : positions) {
@@ -39,7 +39,7 @@ void fill(GLObject& object, PlainObject const& polygons) {
     }
 }
 
-/// Returns rim point k of `count`, counter-clockwise around the centre.
+// Returns rim point k of `count`, counter-clockwise around the centre.
 Plain3 rim(unsigned int k, unsigned int count) {
     double const angle = 2.0 * 3.14159265358979 * (k % count) / count;
     return {0.5F + static_cast<float>(0.5 * std::cos(angle)), 0.5F + static_cast<float>(0.5 * std::sin(angle)), 0.25F};
@@ -152,7 +152,7 @@ TEST(MakeTriangleFan, RimThatDoesNotChainIsReportedAndKept) {
     EXPECT_TRUE(sameObject(object, polygons));
 }
 
-/// Cuts a rim of `count` points into triangles and quadrilaterals around the centre, turns each and mixes them.
+// Cuts a rim of `count` points into triangles and quadrilaterals around the centre, turns each and mixes them.
 PlainObject shuffledRing(std::mt19937& random, unsigned int count) {
     PlainObject polygons;
     for (unsigned int k = 0; k < count;) {

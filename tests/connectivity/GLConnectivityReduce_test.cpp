@@ -18,7 +18,7 @@ using tamo::test::PlainPolygon;
 using tamo::test::reducePolygons;
 using tamo::test::samePolygon;
 
-/// Makes a polygon with the normals that belong to it.
+// Makes a polygon with the normals that belong to it.
 GLPolygon polygonOf(std::vector<GLVec3f> const& positions) {
     GLPolygon polygon(static_cast<unsigned int>(positions.size()));
     for (unsigned int i = 0; i < polygon.size(); ++i) {
@@ -114,7 +114,7 @@ TEST(CombinePolygons, ReferenceIsTheFirstNormalOfTheFirst) {
     EXPECT_EQ(joined->normal(0), (GLVec3f{0, 0, -1}));
 }
 
-/// Makes lattice polygons of different positions, so that pairs often share two of them.
+// Makes lattice polygons of different positions, so that pairs often share two of them.
 PlainObject randomObject(std::mt19937& random, unsigned int polygons, unsigned int smallest, unsigned int largest) {
     PlainObject object;
     while (object.size() < polygons) {

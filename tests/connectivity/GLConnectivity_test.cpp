@@ -20,7 +20,7 @@ namespace {
 
 using tamo::test::CornerLists;
 
-/// Five corners have at most six pairs of foreground and background, six would have nine.
+// Five corners have at most six pairs of foreground and background, six would have nine.
 CornerLists const kFiveCorners = {{0, 2, 6, 1, 3}, {0, 6, 4, 1, 7}};
 
 void expectAllConfigurations(CornerLists const& polyhedra, bool reduce) {

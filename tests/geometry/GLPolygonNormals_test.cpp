@@ -39,7 +39,7 @@ void setFlags(PlainPolygon& polygon, unsigned int flags) {
     polygon.ccw = (flags & 8U) != 0;
 }
 
-/// The lattice makes degenerate corners, whose normals are non-numbers in both.
+// The lattice makes degenerate corners, whose normals are non-numbers in both.
 class ComputedNormals : public testing::TestWithParam<unsigned int> {};
 
 TEST_P(ComputedNormals, FollowTheRuleOfTheDrawingModeToTheLastBit) {

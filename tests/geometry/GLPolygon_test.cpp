@@ -34,7 +34,7 @@ namespace {
 using tamo::test::PlainPolygon;
 using tamo::test::samePolygon;
 
-/// Makes `n` vertices whose floats are 1, 2, 3, ... and whose colour is (1, 0, 0).
+// Makes `n` vertices whose floats are 1, 2, 3, ... and whose colour is (1, 0, 0).
 GLPolygon numbered(unsigned int n) {
     GLPolygon polygon(n);
     for (unsigned int i = 0; i < 6 * n; ++i) {

@@ -32,7 +32,7 @@ std::array<unsigned int, 2> endsOf(unsigned int link) {
 
 int coordinate(unsigned int corner, unsigned int axis) { return static_cast<int>(corner >> axis) % 2; }
 
-/// Returns the sum of a link's end positions: its midpoint, doubled.
+// Returns the sum of a link's end positions: its midpoint, doubled.
 Point doubledMidpoint(unsigned int link) {
     auto const [a, b] = endsOf(link);
     Point sum{};
@@ -42,7 +42,7 @@ Point doubledMidpoint(unsigned int link) {
     return sum;
 }
 
-/// Returns the number of axes along which a link's ends differ: 1 edge, 2 face diagonal, 3 space diagonal.
+// Returns the number of axes along which a link's ends differ: 1 edge, 2 face diagonal, 3 space diagonal.
 std::size_t axesOf(unsigned int link) {
     auto const [a, b] = endsOf(link);
     return std::bitset<3>(a ^ b).count();
@@ -74,7 +74,7 @@ Links withAxes(std::size_t axes) {
 
 template <typename Table> Links tableOf(Table const& table, unsigned int size) { return Links(table, table + size); }
 
-/// Returns the links of one bit of a configuration.
+// Returns the links of one bit of a configuration.
 Links linksOfBit(unsigned int bit) {
     auto const mask = [](unsigned int a, unsigned int b) { return 1U << a | 1U << b; };
     if (bit < 3) {

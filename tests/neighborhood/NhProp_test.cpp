@@ -25,7 +25,7 @@ namespace {
 
 using namespace tamo::test;
 
-/// Opens what a derived builder sees.
+// Opens what a derived builder sees.
 struct OpenNhProp : NhProp {
     using NhProp::_mid;
 };

@@ -22,7 +22,7 @@ using tamo::test::StreamCapture;
 
 constexpr char const* kMessage = "Polygon could not be created\n";
 
-/// Appends polygons of 3, 4, 5, ... vertices, so that the vertex counts of a copy tell which one is missing.
+// Appends polygons of 3, 4, 5, ... vertices, so that the vertex counts of a copy tell which one is missing.
 void fill(GLObject& object, unsigned int polygons) {
     for (unsigned int i = 0; i < polygons; ++i) {
         object.push_back(new GLPolygon(3 + i));
@@ -35,7 +35,7 @@ std::vector<unsigned int> sizesOf(GLObject const& object) {
     return sizes;
 }
 
-/// Returns the vertex counts that a copy of four polygons has left; each took two allocations, itself and its floats.
+// Returns the vertex counts that a copy of four polygons has left; each took two allocations, itself and its floats.
 std::vector<unsigned int> sizesWithout(std::size_t missing) {
     std::vector<unsigned int> sizes = {3, 4, 5, 6};
     sizes.erase(sizes.begin() + static_cast<std::ptrdiff_t>(missing));
@@ -69,7 +69,7 @@ TEST(GLObjectAllocation, PolygonThatFailsIsLeftOutWithOneLine) {
     }
 }
 
-/// What one failing allocation left of a copied list.
+// What one failing allocation left of a copied list.
 struct Outcome {
     bool isThrown = false;
     unsigned int nullSlots = 0;

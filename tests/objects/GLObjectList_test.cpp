@@ -18,7 +18,7 @@ namespace {
 
 using tamo::test::PlainPolygon;
 
-/// Holds objects of 0, 1, 2, ... random polygons.
+// Holds objects of 0, 1, 2, ... random polygons.
 std::unique_ptr<GLObjectList> randomList(unsigned int objects) {
     std::mt19937 random(objects);
     auto list = std::make_unique<GLObjectList>();

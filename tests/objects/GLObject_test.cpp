@@ -16,7 +16,7 @@ namespace {
 
 int deletedPolygons = 0;
 
-/// Counts deletions, so that only a virtual destructor can have been at work.
+// Counts deletions, so that only a virtual destructor can have been at work.
 class CountedPolygon : public GLPolygon {
   public:
     explicit CountedPolygon(unsigned int n) : GLPolygon(n) {}
@@ -28,7 +28,7 @@ class CountedPolygon : public GLPolygon {
 static_assert(sizeof(GLObject) == sizeof(std::vector<GLPolygon*>));
 static_assert(std::is_base_of_v<Vb::PointerContainer<std::vector<GLPolygon*>>, GLObject>);
 
-/// Holds polygons of 3, 4, 5, ... vertices.
+// Holds polygons of 3, 4, 5, ... vertices.
 std::unique_ptr<GLObject> objectOf(unsigned int polygons) {
     deletedPolygons = 0;
     auto object = std::make_unique<GLObject>();

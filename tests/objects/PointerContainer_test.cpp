@@ -14,7 +14,7 @@ namespace {
 
 std::vector<int> deleted;
 
-/// Writes its number down when it is deleted.
+// Writes its number down when it is deleted.
 struct Probe {
     explicit Probe(int n) : number(n) {}
     ~Probe() { deleted.push_back(number); }
@@ -31,7 +31,7 @@ class PointerContainerTest : public testing::Test {
   protected:
     void SetUp() override { deleted.clear(); }
 
-    /// Holds probes 0 to n - 1.
+    // Holds probes 0 to n - 1.
     static std::unique_ptr<Container> filled(int n) {
         auto container = std::make_unique<Container>();
         for (int i = 0; i < n; ++i) {

@@ -112,17 +112,4 @@ bool opposes(HalfTriangle const& triangle, GLVec3f const& normal) {
 
 SystemList::SystemList(Neighborhood::NHConfig config) { GLObjectListForNeighborhood(config, _list); }
 
-char const* systemName(Neighborhood::NHConfig config) {
-    switch (config) {
-    case Neighborhood::N6:
-        return "N6";
-    case Neighborhood::N26:
-        return "N26";
-    case Neighborhood::N14I:
-        return "N14I";
-    default:
-        return "N14II";
-    }
-}
-
 } // namespace tamo::test

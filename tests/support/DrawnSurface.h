@@ -62,7 +62,4 @@ class SystemList {
 constexpr Neighborhood::NHConfig kSurfaceSystems[] = {Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I,
                                                       Neighborhood::N14II};
 
-/// Returns the name of a system, for readable tests.
-char const* systemName(Neighborhood::NHConfig config);
-
 } // namespace tamo::test

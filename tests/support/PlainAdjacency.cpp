@@ -15,7 +15,7 @@ bool contains(std::vector<unsigned int> const& list, unsigned int value) {
 
 unsigned int coordinate(unsigned int corner, unsigned int axis) { return corner / (1U << axis) % 2; }
 
-/// Returns the squared length between two corners: the number of axes along which they differ.
+// Returns the squared length between two corners: the number of axes along which they differ.
 unsigned int squaredDistance(unsigned int a, unsigned int b) {
     unsigned int sum = 0;
     for (unsigned int axis = 0; axis < 3; ++axis) {
@@ -123,7 +123,7 @@ std::vector<unsigned int> plainComponents(unsigned int corners, std::vector<unsi
 
 namespace {
 
-/// Returns how often each squared distance, 1 to 3, occurs between two corners of the set.
+// Returns how often each squared distance, 1 to 3, occurs between two corners of the set.
 std::array<int, 4> distanceCounts(std::vector<unsigned int> const& corners) {
     std::array<int, 4> counts{};
     for (std::size_t i = 0; i < corners.size(); ++i) {
@@ -134,8 +134,8 @@ std::array<int, 4> distanceCounts(std::vector<unsigned int> const& corners) {
     return counts;
 }
 
-/// Tells whether corner 0, one or more others on its face diagonals and one neighbour of it make up the set, in the way
-/// of the shapes that share the code of three corners on face diagonals.
+// Tells whether corner 0, one or more others on its face diagonals and one neighbour of it make up the set, in the way
+// of the shapes that share the code of three corners on face diagonals.
 bool isDiagonalTripleWithNeighbour(std::vector<unsigned int> const& corners) {
     std::vector<unsigned int> even;
     std::vector<unsigned int> neighbours;
@@ -155,7 +155,7 @@ bool isDiagonalTripleWithNeighbour(std::vector<unsigned int> const& corners) {
     return even.size() == 4 || (even.size() == 3 && touched == 2);
 }
 
-/// Tells whether four corners form a path along three edges, one edge along each axis.
+// Tells whether four corners form a path along three edges, one edge along each axis.
 bool isBentPath(std::vector<unsigned int> const& corners) {
     return corners.size() == 4 && distanceCounts(corners) == std::array<int, 4>{0, 3, 2, 1};
 }

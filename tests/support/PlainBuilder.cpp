@@ -7,7 +7,7 @@
 
 namespace tamo::test {
 
-/// One foreground and one background component, and the links between them.
+// One foreground and one background component, and the links between them.
 struct PlainBuilder::Pair {
     unsigned int fg;
     unsigned int bg;
@@ -123,7 +123,7 @@ void PlainBuilder::dispatch(unsigned int code, Pair& pair, PlainCell& cell) cons
     }
 }
 
-/// Makes one fan from the first vertex on a link of the type `kind`, or from the first vertex of all.
+// Makes one fan from the first vertex on a link of the type `kind`, or from the first vertex of all.
 void PlainBuilder::buildFromKind(Pair& pair, PlainCell& cell, unsigned int kind) const {
     unsigned int start = 0;
     for (unsigned int k = 0; k < pair.vertices.size(); ++k) {
@@ -138,7 +138,7 @@ void PlainBuilder::buildFromKind(Pair& pair, PlainCell& cell, unsigned int kind)
 
 namespace {
 
-/// Returns the n-th corner of a set, counted from 0; corner 0 where the set is smaller.
+// Returns the n-th corner of a set, counted from 0; corner 0 where the set is smaller.
 Plain3 nthCorner(unsigned int corners, int n) {
     for (unsigned int corner = 0; corner < 8; ++corner) {
         if ((corners >> corner) % 2 == 1 && n-- == 0) {

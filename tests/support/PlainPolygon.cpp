@@ -46,7 +46,7 @@ GLPolygon libraryOf(PlainPolygon const& plain) {
 
 namespace {
 
-/// Reads the rules' notation: d(a, b) is the edge to vertex a from vertex b.
+// Reads the rules' notation: d(a, b) is the edge to vertex a from vertex b.
 struct Notation {
     PlainPolygon& polygon;
     [[nodiscard]] Plain3 d(unsigned int a, unsigned int b) const {
@@ -170,7 +170,7 @@ PlainPolygon randomPolygon(std::mt19937& random, unsigned int size, bool onLatti
 
 namespace {
 
-/// Tells zeros apart by their sign; otherwise floats of the same value have the same bits.
+// Tells zeros apart by their sign; otherwise floats of the same value have the same bits.
 bool isSame(float a, float b) {
     return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b));
 }

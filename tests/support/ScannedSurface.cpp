@@ -64,7 +64,7 @@ double ScannedSurface::windingNumber(HalfPoint const& point) const {
 
 namespace {
 
-/// Groups numbers that are joined two by two.
+// Groups numbers that are joined two by two.
 class Groups {
   public:
     explicit Groups(std::size_t count) : _parents(count) { std::iota(_parents.begin(), _parents.end(), 0U); }
@@ -83,22 +83,22 @@ class Groups {
 
 constexpr unsigned int kNoPolygon = ~0U;
 
-/// One side of a triangle, its ends as vertex numbers, the lower first.
+// One side of a triangle, its ends as vertex numbers, the lower first.
 struct Side {
     std::size_t low;
     std::size_t high;
-    /// The polygon that has this edge to itself, or `kNoPolygon`.
+    // The polygon that has this edge to itself, or `kNoPolygon`.
     unsigned int owner;
     bool isUpward;
     std::size_t face;
-    /// The place of the lower vertex within the face; `highPlace` likewise.
+    // The place of the lower vertex within the face; `highPlace` likewise.
     std::size_t lowPlace;
     std::size_t highPlace;
 
     [[nodiscard]] auto key() const { return std::tie(low, high, owner); }
 };
 
-/// Numbers the vertices by position, in the order of their coordinates.
+// Numbers the vertices by position, in the order of their coordinates.
 std::vector<std::array<std::size_t, 3>> weld(std::vector<ScannedSurface::Face> const& faces, std::size_t& vertices) {
     std::vector<HalfPoint> points;
     for (auto const& face : faces) {
@@ -132,7 +132,7 @@ std::vector<Side> sidesOf(std::vector<std::array<std::size_t, 3>> const& triangl
     return sides;
 }
 
-/// Gives the edges that a polygon has in both directions to that polygon alone.
+// Gives the edges that a polygon has in both directions to that polygon alone.
 void claimInnerEdges(std::vector<Side>& sides, std::vector<ScannedSurface::Face> const& faces) {
     auto const ownKey = [&](Side const& side) {
         return std::make_tuple(faces[side.face].polygon, side.low, side.high);

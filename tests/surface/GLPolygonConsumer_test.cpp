@@ -32,7 +32,7 @@ std::vector<float> floatsOf(GLPolygon const& polygon) {
     return {polygon.vData(0), polygon.vData(0) + 6 * polygon.size()};
 }
 
-/// Makes a polygon whose floats are all different.
+// Makes a polygon whose floats are all different.
 std::unique_ptr<GLPolygon> makePolygon(unsigned int vertices, float first) {
     auto polygon = std::make_unique<GLPolygon>(vertices);
     for (unsigned int i = 0; i < 6 * vertices; ++i) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Overrides no more than it has to.
+// Overrides no more than it has to.
 class Minimal : public IPolygonAggregator {
   public:
     explicit Minimal(bool* isDestroyed = nullptr) : _isDestroyed(isDestroyed) {}

@@ -14,13 +14,13 @@ namespace {
 
 using namespace tamo::test;
 
-/// Volumes whose sides lie just below, at and above the sizes of the blocks in which a scan reads and looks at samples,
-/// with the axes in memory in each order.
+// Volumes whose sides lie just below, at and above the sizes of the blocks in which a scan reads and looks at samples,
+// with the axes in memory in each order.
 class BlockSides : public testing::TestWithParam<std::array<std::size_t, 3>> {
   protected:
     BlockSides() { makeMarkedList(list); }
 
-    /// Scans a volume of random voxels, in which whole blocks are alike as well, and compares with the slow scan.
+    // Scans a volume of random voxels, in which whole blocks are alike as well, and compares with the slow scan.
     void checkSamples(Triple const& samples, VolumeLayout const& layout, unsigned int step = 1, int lowest = 0) {
         int const edge = static_cast<int>(step);
         Triple const origin = {lowest, lowest, lowest};

@@ -19,7 +19,7 @@ namespace {
 
 using namespace tamo::test;
 
-/// A direction of view, from the shape towards the eye, with the picture's two axes.
+// A direction of view, from the shape towards the eye, with the picture's two axes.
 struct View {
     explicit View(GLVec3f direction) : back(direction) {
         back.normalize();
@@ -33,7 +33,7 @@ struct View {
     GLVec3f back;
 };
 
-/// A block of foreground voxels, compiled into a display list by a scan.
+// A block of foreground voxels, compiled into a display list by a scan.
 class DisplayList : public testing::Test {
   protected:
     static constexpr int kPictureSide = 640;
@@ -51,7 +51,7 @@ class DisplayList : public testing::Test {
         glDeleteLists(name, 1);
     }
 
-    /// Compiles the block, sampled with `step`; its sides are `kBlock` voxels whatever the step.
+    // Compiles the block, sampled with `step`; its sides are `kBlock` voxels whatever the step.
     void compileBlock(unsigned int step) {
         unsigned char const voxel = 1;
         GLObjectList list;
@@ -89,7 +89,7 @@ class DisplayList : public testing::Test {
         glFinish();
     }
 
-    /// Returns how many pixels are not background.
+    // Returns how many pixels are not background.
     [[nodiscard]] double coveredPixels() const {
         auto const pixels = context.readPixels();
         return static_cast<double>(
@@ -100,7 +100,7 @@ class DisplayList : public testing::Test {
         return context.readPixels()[kPictureSide * kPictureSide / 2 + kPictureSide / 2];
     }
 
-    /// Returns how many pixels the block covers where it was sampled with `step`.
+    // Returns how many pixels the block covers where it was sampled with `step`.
     static double projectedPixels(View const& view, unsigned int step) {
         double const pixelsPerVoxel = kPictureSide / static_cast<double>(kWorldSide);
         auto const corners = makeBlockCorners(kBlock, static_cast<float>(step));
@@ -193,7 +193,7 @@ TEST_F(DisplayList, AnObjectOnItsOwnTakesItsPolygonsColours) {
     EXPECT_EQ(coveredPixels(), 2 * 200 * 400);
 }
 
-/// Lights the block with one white light from far away; the surface is white and matt.
+// Lights the block with one white light from far away; the surface is white and matt.
 class LitDisplayList : public DisplayList {
   protected:
     LitDisplayList() {
@@ -209,7 +209,7 @@ class LitDisplayList : public DisplayList {
         glShadeModel(GL_SMOOTH);
     }
 
-    /// Puts the light at an angle to the direction of view, the eye being at +z.
+    // Puts the light at an angle to the direction of view, the eye being at +z.
     static void tiltLight(double degrees) {
         double const angle = degrees * std::acos(-1.0) / 180;
         std::array<float, 4> const towards = {static_cast<float>(std::sin(angle)), 0,

@@ -15,12 +15,12 @@ namespace {
 
 using namespace tamo::test;
 
-/// Compares the library with the walk that looks at one cell after the other, with which benchmarks compare its speed.
+// Compares the library with the walk that looks at one cell after the other, with which benchmarks compare its speed.
 class PlainWalk : public testing::Test {
   protected:
     PlainWalk() { makeMarkedList(list); }
 
-    /// Fills a box of a volume: regions larger than what a scan looks at together, with some noise.
+    // Fills a box of a volume: regions larger than what a scan looks at together, with some noise.
     tamo::plain::ScanArguments fill(PlainVolume& volume, Triple const& size, unsigned int step) {
         for (int z = 0; z < size[2]; ++z) {
             for (int y = 0; y < size[1]; ++y) {

@@ -17,12 +17,12 @@ namespace {
 
 using namespace tamo::test;
 
-/// A polygon by the slot of its object and its place there.
+// A polygon by the slot of its object and its place there.
 using PolygonPlace = std::pair<unsigned int, unsigned int>;
 
 constexpr unsigned int kLargestObject = 3;
 
-/// Takes note of allocations and polygons without allocating anything itself.
+// Takes note of allocations and polygons without allocating anything itself.
 class FrugalAggregator : public IPolygonAggregator {
   public:
     void start() override { ++starts; }
@@ -47,7 +47,7 @@ class FrugalAggregator : public IPolygonAggregator {
 
     void fetch(GLObject& /*object*/) override { FAIL() << "the scan hands over objects with their position only"; }
 
-    /// Returns the polygons that came in any object.
+    // Returns the polygons that came in any object.
     [[nodiscard]] std::set<PolygonPlace> seen() const {
         std::set<PolygonPlace> places;
         for (unsigned int c = 0; c < 256; ++c) {
@@ -71,7 +71,7 @@ class FrugalAggregator : public IPolygonAggregator {
     std::array<std::array<bool, kLargestObject>, 256> _isSeen{};
 };
 
-/// Scans a volume in which every configuration occurs, with a list whose objects have 0 to 3 marked polygons.
+// Scans a volume in which every configuration occurs, with a list whose objects have 0 to 3 marked polygons.
 class ScanAllocation : public testing::Test {
   protected:
     ScanAllocation() : volume(PlainVolume::filled({kStep * kSamples, kStep * 2, kStep * 2}, 0)) {
@@ -92,7 +92,7 @@ class ScanAllocation : public testing::Test {
         }
     }
 
-    /// With step 1, scans the samples of step 2 as neighbours.
+    // With step 1, scans the samples of step 2 as neighbours.
     bool scan(unsigned int step, IPolygonAggregator& receiver) const {
         int const spread = kStep / static_cast<int>(step);
         auto const [x, y, z] = volume.increments();
@@ -152,7 +152,7 @@ TEST_F(ScanAllocation, TheScaledCopyIsFreedWhenTheReceiverThrows) {
     }
 }
 
-/// What one scan with one failing allocation came to.
+// What one scan with one failing allocation came to.
 struct Outcome {
     bool result;
     std::string message;
@@ -182,7 +182,7 @@ class ScanAllocationFailure : public ScanAllocation {
         return outcome;
     }
 
-    /// Returns the one polygon that did not reach the receiver.
+    // Returns the one polygon that did not reach the receiver.
     PolygonPlace onlyMissing(FrugalAggregator const& receiver) const {
         std::set<PolygonPlace> const seen = receiver.seen();
         std::set<PolygonPlace> missing;

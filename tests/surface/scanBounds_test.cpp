@@ -14,14 +14,14 @@ namespace {
 
 using namespace tamo::test;
 
-/// Where the samples of a row lie in the one page that can be read.
+// Where the samples of a row lie in the one page that can be read.
 enum class RowPlace {
     kPageStart,
     kPageEnd
 };
 
 struct GuardedCase {
-    /// The axis along which a row runs; a read beyond either end of the row, or in a row that is not there, crashes.
+    // The axis along which a row runs; a read beyond either end of the row, or in a row that is not there, crashes.
     std::size_t rowAxis;
     RowPlace place;
     bool isBackwards;
@@ -48,9 +48,9 @@ std::vector<GuardedCase> guardedCases() {
     return cases;
 }
 
-/// Lays a box out so that each row of samples fills the start or the end of a page of its own between closed pages.
-///
-/// The box's extent leaves room beyond the last sample; that room lies in closed pages as well.
+// Lays a box out so that each row of samples fills the start or the end of a page of its own between closed pages.
+//
+// The box's extent leaves room beyond the last sample; that room lies in closed pages as well.
 class GuardedVolume {
   public:
     static constexpr int kAcross = 4;
@@ -92,9 +92,9 @@ class GuardedVolume {
     ScanBox box;
 
   private:
-    /// Distance between planes, in pairs of an open and a closed page: room for every row and for one past the last.
+    // Distance between planes, in pairs of an open and a closed page: room for every row and for one past the last.
     static constexpr int kPagePairs = 16;
-    /// Room for a plane before the first.
+    // Room for a plane before the first.
     static constexpr int kFirstPage = 4 * 2 * kPagePairs;
 
     static std::size_t pageCount() { return static_cast<std::size_t>(kFirstPage + 20 * 2 * kPagePairs); }
@@ -135,12 +135,12 @@ TEST_P(ScanBounds, NothingButSamplesIsRead) {
     }
 }
 
-/// Places a few foreground voxels into volumes whose addresses pass what 31 and 32 bits can hold.
+// Places a few foreground voxels into volumes whose addresses pass what 31 and 32 bits can hold.
 class HugeVolume : public testing::Test {
   protected:
     HugeVolume() : memory(kBytes, MappedMemory::Access::kAll) { makeMarkedList(list); }
 
-    /// Sets single samples and checks that each of them gives its eight cells; `data` is voxel (0, 0, 0).
+    // Sets single samples and checks that each of them gives its eight cells; `data` is voxel (0, 0, 0).
     void checkSamples(unsigned char* data, GLtVec3<std::ptrdiff_t> const& increments, ScanBox const& box,
                       std::vector<Triple> const& voxels) {
         for (Triple const& v : voxels) {

@@ -17,7 +17,7 @@ namespace {
 
 using namespace tamo::test;
 
-/// Keeps a flat copy of a list: addresses of objects and polygons, and all floats.
+// Keeps a flat copy of a list: addresses of objects and polygons, and all floats.
 struct ListSnapshot {
     explicit ListSnapshot(GLObjectList const& list) {
         for (GLObject const* object : list) {
@@ -35,7 +35,7 @@ struct ListSnapshot {
     std::vector<float> floats;
 };
 
-/// Remembers which object each configuration came with, and where its last vertex stood.
+// Remembers which object each configuration came with, and where its last vertex stood.
 struct ObjectCollector : RecordingAggregator {
     void fetch(GLObject& object, GLCoord3f const& offset) override {
         RecordingAggregator::fetch(object, offset);
@@ -128,6 +128,13 @@ TEST_F(WrapGlobalPositions, CellAndOriginBecomeFloatsApartFromEachOther) {
 TEST_F(WrapGlobalPositions, ExtentsAreReadAsUnsigned) {
     EXPECT_EQ(xPositions(4294967295U, 0, 4294967295U), (std::vector<float>{-4294967296.0F, 0.0F}));
     EXPECT_EQ(xPositions(1500000000U, 7, 4294967295U), (std::vector<float>{-1500000000.0F, 7.0F, 1500000000.0F}));
+}
+
+TEST_F(WrapGlobalPositions, StepsAreReadAsUnsigned) {
+    unsigned char const voxel = 1;
+    ObjectCollector receiver;
+    ASSERT_TRUE(wrapGlobal(&voxel, {0, 0, 0}, 4294967295U, {0, 0, 0}, {-1, -1, -1}, list, receiver));
+    EXPECT_EQ(receiver.lastVertices, std::vector<GLVec3f>(8, GLVec3f(4294967296.0F, 2147483648.0F, 0.0F)));
 }
 
 class WrapGlobalImage : public WrapGlobalLists {};

@@ -14,12 +14,12 @@ namespace {
 
 using namespace tamo::test;
 
-/// Draws volumes, boxes and layouts; the same seed gives the same ones everywhere.
+// Draws volumes, boxes and layouts; the same seed gives the same ones everywhere.
 class Drawing {
   public:
     explicit Drawing(unsigned int seed) : _engine(seed) {}
 
-    /// Returns a number from `low` to `high`; the distributions of the standard library differ between systems.
+    // Returns a number from `low` to `high`; the distributions of the standard library differ between systems.
     int number(int low, int high) {
         return low + static_cast<int>(_engine() % static_cast<unsigned int>(high - low + 1));
     }
@@ -37,7 +37,7 @@ class Drawing {
         return drawn;
     }
 
-    /// Puts 0 or 1 into every sample of the box: noise of some density over a background, a foreground, or a block.
+    // Puts 0 or 1 into every sample of the box: noise of some density over a background, a foreground, or a block.
     void fillSamples(PlainVolume& volume, ScanBox const& box) {
         std::array<int, 6> constexpr promille = {0, 1, 20, 500, 300, 100};
         int const noise = promille[static_cast<std::size_t>(number(0, 5))];
@@ -76,7 +76,7 @@ class WrapGlobalReference : public testing::Test {
   protected:
     WrapGlobalReference() { makeMarkedList(list); }
 
-    /// Scans a box of `samples` in a larger volume whose other bytes are filler, and compares with the slow scan.
+    // Scans a box of `samples` in a larger volume whose other bytes are filler, and compares with the slow scan.
     void checkBox(Drawing& drawing, Triple const& samples, unsigned int step) {
         ScanBox box{step, {}, {}};
         Triple lower{};

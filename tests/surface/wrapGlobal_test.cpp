@@ -20,7 +20,7 @@ class WrapGlobal : public testing::Test {
   protected:
     WrapGlobal() { makeMarkedList(list); }
 
-    /// Scans voxels (0, 0, 0) to `extent` - 1 and returns what the receiver got.
+    // Scans voxels (0, 0, 0) to `extent` - 1 and returns what the receiver got.
     Emissions scan(PlainVolume const& volume, unsigned int step, Triple const& extent) {
         EXPECT_TRUE(wrapGlobal(volume.data(), volume.increments(), step, {0, 0, 0}, toVec3(extent), list, receiver));
         EXPECT_TRUE(receiver.wasDrivenInOrder());

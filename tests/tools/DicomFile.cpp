@@ -12,7 +12,7 @@ std::string little(std::uint32_t value, int bytes) {
     return text;
 }
 
-/// One element with its type spelt out; `OW` has the longer form of length.
+// One element with its type spelt out; `OW` has the longer form of length.
 std::string element(std::uint32_t group, std::uint32_t number, std::string const& type, std::string value) {
     if (value.size() % 2 != 0) {
         value.push_back(type == "UI" ? '\0' : ' ');

@@ -3,11 +3,13 @@
 #include "ToolRun.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
+#include <pty.h>
 #include <sstream>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -28,8 +30,10 @@ void redirect(std::filesystem::path const& path, int descriptor) {
     close(file);
 }
 
-/// Runs the program; calls `disturb` with its process once it is started.
-template <typename Disturb> ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb) {
+// Runs the program; calls `disturb` with its process once it is started. Standard error goes to the descriptor
+// `terminal` where there is one.
+template <typename Disturb>
+ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb, int terminal = -1) {
     TemporaryFolder const folder;
     std::vector<char*> pointers{const_cast<char*>(TAMO_PROGRAM)};
     for (std::string const& argument : arguments) {
@@ -40,7 +44,11 @@ template <typename Disturb> ToolRun runProgram(std::vector<std::string> const& a
     pid_t const child = fork();
     if (child == 0) {
         redirect(folder / "output", STDOUT_FILENO);
-        redirect(folder / "error", STDERR_FILENO);
+        if (terminal < 0) {
+            redirect(folder / "error", STDERR_FILENO);
+        } else {
+            dup2(terminal, STDERR_FILENO);
+        }
         execv(pointers[0], pointers.data());
         _exit(127);
     }
@@ -57,11 +65,44 @@ ToolRun runTool(std::vector<std::string> const& arguments) {
     return runProgram(arguments, [](pid_t) {});
 }
 
-ToolRun interruptTool(std::vector<std::string> const& arguments, unsigned int milliseconds) {
-    return runProgram(arguments, [milliseconds](pid_t child) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+ToolRun interruptTool(std::vector<std::string> const& arguments, std::function<bool()> const& isTime) {
+    return runProgram(arguments, [&isTime](pid_t child) {
+        auto const end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (!isTime() && std::chrono::steady_clock::now() < end) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        // What was seen may be half done.
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
         kill(child, SIGINT);
     });
+}
+
+ToolRun runToolOnTerminal(std::vector<std::string> const& arguments, std::string const& interruptAt) {
+    int reader = -1;
+    int terminal = -1;
+    if (openpty(&reader, &terminal, nullptr, nullptr, nullptr) != 0) {
+        throw std::runtime_error("no terminal");
+    }
+    fcntl(reader, F_SETFD, FD_CLOEXEC);
+    fcntl(terminal, F_SETFD, FD_CLOEXEC);
+    std::string shown;
+    auto const watch = [&](pid_t child) {
+        // With the last descriptor of the terminal's other side closed, the reading ends as the program does.
+        close(terminal);
+        std::array<char, 4096> piece{};
+        bool isInterrupted = interruptAt.empty();
+        for (ssize_t bytes = 0; (bytes = read(reader, piece.data(), piece.size())) > 0;) {
+            shown.append(piece.data(), static_cast<std::size_t>(bytes));
+            if (!isInterrupted && shown.find(interruptAt) != std::string::npos) {
+                kill(child, SIGINT);
+                isInterrupted = true;
+            }
+        }
+        close(reader);
+    };
+    ToolRun run = runProgram(arguments, watch, terminal);
+    run.error = shown;
+    return run;
 }
 
 bool isOneLineRefusal(ToolRun const& run, std::string const& name) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,12 @@ struct ToolRun {
 /// Runs `tamo` with the given arguments, its standard output and standard error going to files, and waits for it.
 ToolRun runTool(std::vector<std::string> const& arguments);
 
-/// As above, but sends the signal of Ctrl-C after some time.
-ToolRun interruptTool(std::vector<std::string> const& arguments, unsigned int milliseconds);
+/// Runs it likewise, but sends the signal of Ctrl-C as soon as `isTime` holds, or after 30 seconds.
+ToolRun interruptTool(std::vector<std::string> const& arguments, std::function<bool()> const& isTime);
+
+/// Runs it likewise, its standard error being a terminal; what that showed is the error. Sends the signal of Ctrl-C
+/// once the terminal shows `interruptAt`, unless that is empty.
+ToolRun runToolOnTerminal(std::vector<std::string> const& arguments, std::string const& interruptAt = "");
 
 /// Tells whether a run ended as bad input should: status 1 and one line on standard error that holds `name`.
 bool isOneLineRefusal(ToolRun const& run, std::string const& name);

@@ -64,7 +64,7 @@ void writeNifti(Samples const& samples, fs::path const& path) {
     writer->Write();
 }
 
-/// Turns the header of a little-endian file and its voxels into their big-endian form.
+// Turns the header of a little-endian file and its voxels into their big-endian form.
 void writeBigEndianNifti(Samples const& samples, fs::path const& path) {
     writeNifti(samples, path);
     std::string bytes = readBytes(path);
@@ -115,7 +115,7 @@ template <typename Configure> void writeVti(Samples const& samples, fs::path con
     writer->Write();
 }
 
-/// Writes slices first .. last as pages, the first row of a slice at the top.
+// Writes slices first .. last as pages, the first row of a slice at the top.
 void writeTiffPages(Samples const& samples, fs::path const& path, char const* mode, int compression, int first,
                     int last) {
     TIFF* const file = TIFFOpen(path.c_str(), mode);

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,9 @@ struct FileFormat {
     /// Whether the format tells the distances between voxels.
     bool hasSpacing;
 };
+
+/// Names the format in the names of tests, which would otherwise hold addresses and change from run to run.
+inline std::ostream& operator<<(std::ostream& out, FileFormat const& format) { return out << format.name; }
 
 /// Returns every format that the program knows by its name, in every way of storing voxels that it reads.
 std::vector<FileFormat> const& fileFormats();

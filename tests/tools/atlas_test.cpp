@@ -11,15 +11,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The numbers of pixels of each kind in a part of a sheet.
+// The numbers of pixels of each kind in a part of a sheet.
 struct Inks {
-    /// Outward sides of polygons.
+    // Outward sides of polygons.
     int warm = 0;
-    /// Inner sides.
+    // Inner sides.
     int cold = 0;
-    /// Lines, letters, discs.
+    // Lines, letters, discs.
     int dark = 0;
-    /// Insides of the rings of background corners.
+    // Insides of the rings of background corners.
     int white = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -16,7 +17,7 @@ std::string line(std::string const& output, std::string const& key) {
     return start == std::string::npos ? "" : output.substr(start, output.find('\n', start) - start);
 }
 
-/// The line on the surface that a render prints.
+// The line on the surface that a render prints.
 std::string surface(std::filesystem::path const& volume, std::vector<std::string> const& more = {}) {
     TemporaryFolder const folder;
     std::vector<std::string> arguments{"render", volume.string(), "-o",     (folder / "a.png").string(),
@@ -63,7 +64,7 @@ TEST_P(Formats, GiveTheSameSurface) {
 INSTANTIATE_TEST_SUITE_P(All, Formats, testing::ValuesIn(fileFormats()),
                          [](auto const& instance) { return instance.param.name; });
 
-/// Bytes of one value in a file of bare voxels.
+// Bytes of one value in a file of bare voxels.
 template <typename T> std::string valueBytes(T value, bool isBigEndian) {
     std::string bytes(sizeof(T), '\0');
     std::memcpy(bytes.data(), &value, sizeof(T));
@@ -106,6 +107,44 @@ TEST(RawVolume, HoldsEveryScalarTypeInEitherByteOrder) {
     }
 }
 
+TEST(HeaderText, TellsHowManyBytesOrLinesPrecedeTheVoxels) {
+    TemporaryFolder const folder;
+    std::string const nrrd = "NRRD0004\ndimension: 3\nencoding: raw\ntype: uchar\nsizes: 2 2 2\n";
+    std::string const meta = "NDims = 3\nElementType = MET_UCHAR\nDimSize = 2 2 2\n";
+    auto const expectRange = [&folder](std::string const& file, std::string const& text) {
+        writeBytes(folder / file, text);
+        ToolRun const run = runTool({"info", (folder / file).string()});
+        EXPECT_EQ(line(run.output, "range"), "range       97 .. 104") << text << run.error;
+    };
+    expectRange("a.nrrd", nrrd + "\nabcdefgh");
+    expectRange("a.nrrd", nrrd + "byte skip: 3\n\nxyzabcdefgh");
+    expectRange("a.nrrd", nrrd + "byte skip: -1\n\nmany more before abcdefgh");
+    expectRange("a.nrrd", nrrd + "line skip: 2\nbyte skip: 1\n\none\ntwo\nxabcdefgh");
+    expectRange("a.mha", meta + "ElementDataFile = LOCAL\nabcdefgh");
+    expectRange("a.mha", meta + "HeaderSize = -1\nElementDataFile = LOCAL\nmany more before abcdefgh");
+    writeBytes(folder / "a.data", "xyzabcdefgh");
+    expectRange("a.mhd", meta + "HeaderSize = 3\nElementDataFile = a.data\n");
+    expectRange("a.mhd", meta + "HeaderSize = -1\nElementDataFile = a.data\n");
+}
+
+TEST(TextVolume, HoldsEveryNumberOfItsType) {
+    TemporaryFolder const folder;
+    std::vector<std::array<std::string, 3>> const cases{{"uchar", "0 255 +7", "0 .. 255"},
+                                                        {"signed char", "-128 127 7", "-128 .. 127"},
+                                                        {"ushort", "65535 0 7", "0 .. 65535"},
+                                                        {"uint", "4294967295 0 7", "0 .. 4294967295"},
+                                                        {"longlong", "-1099511627776 5 7", "-1099511627776 .. 7"},
+                                                        {"float", "nan -0.5 1e-60", "-0.5 .. 5"},
+                                                        {"float", "NaN -inf +2.5e1", "1 .. 25"},
+                                                        {"double", "infinity 1e-400 -2", "-2 .. 5"}};
+    for (auto const& [type, numbers, range] : cases) {
+        writeBytes(folder / "a.nrrd", "NRRD0004\ndimension: 3\nencoding: ascii\ntype: " + type +
+                                          "\nsizes: 2 2 2\n\n1 2 3 4 5\n" + numbers + "\n");
+        ToolRun const run = runTool({"info", (folder / "a.nrrd").string()});
+        EXPECT_EQ(line(run.output, "range"), "range       " + range) << type << " " << numbers << run.error;
+    }
+}
+
 TEST(NiftiVolume, ScalesStoredValuesAsItsHeaderSays) {
     TemporaryFolder const folder;
     Samples const samples{{2, 2, 2}, {0, 1, 2, 3, 4, 5, 6, 7}};
@@ -119,6 +158,31 @@ TEST(NiftiVolume, ScalesStoredValuesAsItsHeaderSays) {
     ToolRun const run = runTool({"render", (folder / "a.nii").string(), "-o", (folder / "a.png").string(), "--min",
                                  "95", "--max", "98", "--size", "20x20"});
     EXPECT_EQ(line(run.output, "foreground"), "foreground  2 voxels") << run.error;
+}
+
+TEST(NiftiVolume, TakesAScalingThatIsNoNumberForNone) {
+    TemporaryFolder const folder;
+    fileFormats().front().write(Samples{{2, 2, 2}, {0, 1, 2, 3, 4, 5, 6, 7}}, folder / "a.nii");
+    std::string const bytes = readBytes(folder / "a.nii");
+    constexpr std::size_t kSlope = 112;
+    for (auto const& [slope, intercept] : {std::pair(std::nanf(""), 0.0F), {2.0F, std::nanf("")}, {0.0F, 5.0F}}) {
+        writeBytes(folder / "a.nii",
+                   std::string(bytes).replace(kSlope, 8, valueBytes(slope, false) + valueBytes(intercept, false)));
+        ToolRun const run = runTool({"info", (folder / "a.nii").string()});
+        EXPECT_EQ(line(run.output, "range"), "range       0 .. 7") << slope << " " << intercept;
+        EXPECT_EQ(line(run.output, "scaling"), "");
+    }
+}
+
+TEST(NiftiVolume, IsReadWhateverTheCaseOfItsNameAndItsCompression) {
+    TemporaryFolder const folder;
+    fileFormats().front().write(makeSamples(5, 4, 3), folder / "a.nii");
+    std::string const bytes = readBytes(folder / "a.nii");
+    for (std::string const name : {"A.NII", "a.nii.gz", "A.Nii.Gz"}) {
+        writeBytes(folder / name, bytes);
+        ToolRun const run = runTool({"info", (folder / name).string()});
+        EXPECT_EQ(line(run.output, "dimensions"), "dimensions  5 x 4 x 3") << run.error;
+    }
 }
 
 TEST(FloatVolume, TakesWhatIsNoNumberForBackground) {

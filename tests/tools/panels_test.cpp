@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Two voxels that touch at an edge, (0, 0, 0) and (1, 0, 1), in a volume of 3 x 2 x 3.
+// Two voxels that touch at an edge, (0, 0, 0) and (1, 0, 1), in a volume of 3 x 2 x 3.
 class Panels : public testing::Test {
   protected:
     Panels() {
@@ -35,7 +35,7 @@ class Panels : public testing::Test {
     TemporaryFolder _folder;
 };
 
-/// Counts the pixels of a panel that differ from the picture of its system alone, in rows from `top` to `bottom`.
+// Counts the pixels of a panel that differ from the picture of its system alone, in rows from `top` to `bottom`.
 int differences(PngPicture const& picture, int left, PngPicture const& alone, int top, int bottom) {
     int count = 0;
     for (int y = top; y < bottom; ++y) {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdlib>
 
@@ -13,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Draws a file of bare 8-bit voxels, 1 where `isInside` holds.
+// Draws a file of bare 8-bit voxels, 1 where `isInside` holds.
 template <typename IsInside>
 fs::path draw(TemporaryFolder const& folder, std::array<int, 3> size, IsInside&& isInside,
               std::vector<std::string> const& options) {
@@ -84,7 +85,7 @@ TEST(Picture, IsLitOnEverySideAndBurntNowhere) {
     EXPECT_GT(picture.at(80, 70).red, picture.at(140, 150).red + 10);
 }
 
-/// An edge along each axis, of different lengths: no two views of it look alike.
+// An edge along each axis, of different lengths: no two views of it look alike.
 bool isOnTripod(int x, int y, int z) {
     return (y < 2 && z < 2) || (x < 2 && z < 2 && y < 12) || (x < 2 && y < 2 && z < 6);
 }
@@ -137,6 +138,29 @@ TEST(Picture, FollowsThePatientsAxesWhateverTheOrderOfTheVoxels) {
     // The cell's cut is not symmetric: corners may differ by parts of a voxel.
     EXPECT_LT(different, 150 * 150 / 50);
     EXPECT_GT(a.coverage(), 0.05);
+}
+
+TEST(Picture, OfABoxIsThatOfAVolumeEmptyElsewhere) {
+    // Boxes of one side after the other, and one inside; the volume looks different from every side.
+    Samples const samples = makeSamples(12, 11, 10);
+    auto const isInside = [&samples](int x, int y, int z) { return samples.at(x, y, z) > 3000; };
+    std::array<std::array<int, 6>, 4> const boxes{
+        {{5, 0, 0, 8, 10, 9}, {0, 3, 0, 11, 7, 9}, {0, 0, 6, 11, 10, 9}, {2, 3, 4, 9, 8, 7}}};
+    for (std::array<int, 6> const& box : boxes) {
+        std::string text;
+        for (int const end : box) {
+            text += (text.empty() ? "" : ",") + std::to_string(end);
+        }
+        TemporaryFolder const folder;
+        std::vector<std::string> options{"--min", "1", "--size", "90x90", "--spacing", "1,1.5,2"};
+        auto const isInBox = [&](int x, int y, int z) {
+            return isInside(x, y, z) && x >= box[0] && x <= box[3] && y >= box[1] && y <= box[4] && z >= box[2] &&
+                   z <= box[5];
+        };
+        std::string const whole = readBytes(draw(folder, samples.size, isInBox, options));
+        options.insert(options.end(), {"--box", text});
+        EXPECT_EQ(readBytes(draw(folder, samples.size, isInside, options)), whole) << text;
+    }
 }
 
 TEST(Picture, TakesThePlaceOfAnOlderOneAndLeavesNothingElse) {

@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The file of a volume that holds its voxels, or the last part of them.
+// The file of a volume that holds its voxels, or the last part of them.
 fs::path voxelFile(fs::path const& folder, FileFormat const& format) {
     fs::path const path = folder / format.fileName;
     if (fs::is_directory(path)) {

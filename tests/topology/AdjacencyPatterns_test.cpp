@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DigitalObject.h"
 #include "support/ScannedSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,7 @@ std::vector<Triple> const& diagonals() {
     return all;
 }
 
-/// The diagonals along which two foreground voxels touch without parting, written out.
+// The diagonals along which two foreground voxels touch without parting, written out.
 std::vector<Triple> linkedDiagonals(Neighborhood::NHConfig config) {
     switch (config) {
     case Neighborhood::N6:
@@ -42,7 +43,7 @@ bool contains(std::vector<Triple> const& steps, Triple const& step) {
     return std::find(steps.begin(), steps.end(), step) != steps.end();
 }
 
-/// A block of 4 x 4 x 4 of one value with two voxels of the other, the second one `step` from the first.
+// A block of 4 x 4 x 4 of one value with two voxels of the other, the second one `step` from the first.
 VoxelSet pairInBlock(Triple const& step, bool isForeground) {
     VoxelSet set({4, 4, 4});
     set.forEach([&](Triple const& voxel) { set.set(voxel, !isForeground); });
@@ -98,7 +99,7 @@ TEST_P(AdjacencyPatterns, TwoVoxelsApartAreTwo) {
     EXPECT_EQ(topologyOf(set).components, 2);
 }
 
-/// Fills a box with the bits of a number.
+// Fills a box with the bits of a number.
 VoxelSet patternOf(Triple const& size, unsigned int bits) {
     VoxelSet set(size);
     unsigned int place = 0;
@@ -118,13 +119,7 @@ TEST_P(AdjacencyPatterns, EveryPatternOfTwoCellsSideBySideObeysTheLaws) {
     }
 }
 
-std::string nameOf(testing::TestParamInfo<Neighborhood::NHConfig> const& system) {
-    return system.param == Neighborhood::N8    ? "N8"
-           : system.param == Neighborhood::N12 ? "N12"
-                                               : systemName(system.param);
-}
-
-INSTANTIATE_TEST_SUITE_P(Systems, AdjacencyPatterns, testing::ValuesIn(kSurfaceSystems), nameOf);
+INSTANTIATE_TEST_SUITE_P(Systems, AdjacencyPatterns, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 // N8 and N12 are served with the tetrahedra of N14II.
 class SharedAdjacencyPatterns : public AdjacencyPatterns {};
@@ -137,6 +132,6 @@ TEST_P(SharedAdjacencyPatterns, PartAlongTheDiagonalsOfTheTetrahedra) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, SharedAdjacencyPatterns, testing::Values(Neighborhood::N8, Neighborhood::N12),
-                         nameOf);
+                         nameOfSystem);
 
 } // namespace

@@ -14,10 +14,10 @@
 
 namespace {
 
-/// Twice a position, so that midpoints are whole.
+// Twice a position, so that midpoints are whole.
 using Point = std::array<int, 3>;
 using Edge = std::pair<Point, Point>;
-/// Every undirected edge, its lower end first, with how much more often it is run upwards than downwards.
+// Every undirected edge, its lower end first, with how much more often it is run upwards than downwards.
 using Outline = std::map<Edge, int>;
 
 void run(Outline& outline, Point const& from, Point const& to) {
@@ -33,7 +33,7 @@ Point doubled(GLVec3f const& position) {
     return {static_cast<int>(position.x * 2), static_cast<int>(position.y * 2), static_cast<int>(position.z * 2)};
 }
 
-/// Returns what is left of all polygon edges of a cell once opposite ones have cancelled.
+// Returns what is left of all polygon edges of a cell once opposite ones have cancelled.
 Outline outlineOf(GLObject const& object) {
     Outline outline;
     for (GLPolygon const* polygon : object) {
@@ -48,7 +48,7 @@ bool isOnFace(Edge const& edge, std::size_t axis, int side) {
     return edge.first.at(axis) == 2 * side && edge.second.at(axis) == 2 * side;
 }
 
-/// Returns the part of an outline on one face, as seen in the face: the axis that leads out of it is set to 0.
+// Returns the part of an outline on one face, as seen in the face: the axis that leads out of it is set to 0.
 Outline faceOf(Outline const& outline, std::size_t axis, int side) {
     Outline face;
     for (auto const& [edge, count] : outline) {
@@ -62,7 +62,7 @@ Outline faceOf(Outline const& outline, std::size_t axis, int side) {
     return face;
 }
 
-/// Returns the four samples of a face as bits, in the order of the corner numbers.
+// Returns the four samples of a face as bits, in the order of the corner numbers.
 unsigned int samplesOf(unsigned int configuration, std::size_t axis, int side) {
     unsigned int samples = 0;
     unsigned int place = 0;

@@ -18,7 +18,7 @@ namespace {
 
 using tamo::test::WeldedMesh;
 
-/// A box of samples with background all around.
+// A box of samples with background all around.
 struct Volume {
     std::array<int, 3> size;
     std::vector<bool> samples;
@@ -33,7 +33,7 @@ struct Volume {
         return static_cast<std::size_t>(index);
     }
 
-    /// Returns the configuration of the cell whose lowest corner is the sample (x, y, z).
+    // Returns the configuration of the cell whose lowest corner is the sample (x, y, z).
     [[nodiscard]] unsigned int configurationAt(int x, int y, int z) const {
         unsigned int configuration = 0;
         for (int corner = 0; corner < 8; ++corner) {
@@ -84,7 +84,7 @@ WeldedMesh surfaceOf(Volume const& volume, GLObjectList const& list) {
     return mesh;
 }
 
-/// Returns 48 times the volume inside: cut at the midpoints, a tetrahedron keeps 1, 4 or 7 eighths of its sixth.
+// Returns 48 times the volume inside: cut at the midpoints, a tetrahedron keeps 1, 4 or 7 eighths of its sixth.
 long long volume48Of(Volume const& volume) {
     std::array<unsigned int, 6> const tetrahedra = {0x2b, 0x8d, 0x95, 0xa9, 0xb1, 0xd4};
     std::array<long long, 5> const eighths = {0, 1, 4, 7, 8};

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DrawnSurface.h"
 #include "support/PlainBuilder.h"
+#include "support/SystemName.h"
 
 #include <tamo/conn/GLConn.h>
 
@@ -21,7 +22,7 @@ using namespace tamo::test;
 using Outline = std::vector<HalfPoint>;
 using LinkNormalsOf = std::map<HalfPoint, GLVec3f>;
 
-/// The list of one system with the links' normals, and its configurations whose start is a matter of geometry.
+// The list of one system with the links' normals, and its configurations whose start is a matter of geometry.
 class OpenCases {
   public:
     explicit OpenCases(Neighborhood::NHConfig config) {
@@ -36,7 +37,7 @@ class OpenCases {
 
     [[nodiscard]] GLObject const& operator[](unsigned int configuration) const { return *_list[configuration]; }
 
-    /// Lists the configurations that consist of `polygons` polygons and as many vertices on their outline.
+    // Lists the configurations that consist of `polygons` polygons and as many vertices on their outline.
     [[nodiscard]] std::vector<unsigned int> having(unsigned int polygons, std::size_t vertices) const;
 
     std::vector<unsigned int> configurations;
@@ -55,7 +56,7 @@ LinkNormalsOf linkNormals(GLObject const& object) {
     return normals;
 }
 
-/// Returns the points around an outline that is one ring.
+// Returns the points around an outline that is one ring.
 Outline ringOf(std::vector<HalfEdge> const& edges) {
     std::map<HalfPoint, HalfPoint> next;
     for (HalfEdge const& edge : edges) {
@@ -90,7 +91,7 @@ std::vector<HalfTriangle> fanFrom(Outline const& ring, std::size_t start) {
     return fan;
 }
 
-/// Tells whether every triangle has an area and follows the links of its vertices, and no inner edge lies on a face.
+// Tells whether every triangle has an area and follows the links of its vertices, and no inner edge lies on a face.
 bool isGood(std::vector<HalfTriangle> const& triangles, LinkNormalsOf const& normals) {
     std::set<HalfEdge> edges;
     for (HalfTriangle const& triangle : triangles) {
@@ -116,7 +117,7 @@ std::vector<std::size_t> goodStarts(Outline const& ring, LinkNormalsOf const& no
     return starts;
 }
 
-/// Returns the triangles, each from its lowest corner on, in an order that depends on nothing else.
+// Returns the triangles, each from its lowest corner on, in an order that depends on nothing else.
 std::set<HalfTriangle> asSet(std::vector<HalfTriangle> triangles) {
     for (HalfTriangle& triangle : triangles) {
         std::rotate(triangle.begin(), std::min_element(triangle.begin(), triangle.end()), triangle.end());
@@ -138,7 +139,7 @@ TEST_P(FanStart, TrianglesFollowTheLinksAndKeepOffTheFaces) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, FanStart, testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+                         nameOfSystem);
 
 class FanStartOfEdges : public FanStart {};
 
@@ -174,8 +175,7 @@ TEST_P(FanStartOfEdges, FourOfSixStartsServeAPathOfThreeEdges) {
 
 TEST_P(FanStartOfEdges, NothingElseIsOpen) { EXPECT_EQ(_cases.configurations.size(), 48U); }
 
-INSTANTIATE_TEST_SUITE_P(Systems, FanStartOfEdges, testing::Values(Neighborhood::N6, Neighborhood::N26),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, FanStartOfEdges, testing::Values(Neighborhood::N6, Neighborhood::N26), nameOfSystem);
 
 Outline pointsOf(GLPolygon const& polygon) {
     Outline points;

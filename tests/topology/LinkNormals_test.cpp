@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DrawnSurface.h"
+#include "support/SystemName.h"
 
 #include <tamo/conn/GLConn.h>
 
@@ -21,7 +22,7 @@ TEST(LinkNormals, NormalsAreNumbersOfUnitLength) {
     }
 }
 
-/// Tells whether a vertex's normal leads along a link from a foreground to a background corner.
+// Tells whether a vertex's normal leads along a link from a foreground to a background corner.
 bool leadsOutward(unsigned int configuration, float const* record) {
     unsigned int ahead = 0;
     unsigned int behind = 0;
@@ -55,7 +56,7 @@ TEST(LinkNormals, NormalsLeadOutwardButForTwoRepeatedVertices) {
     }
 }
 
-/// Tells whether a triangle is turned away from the link of one of its vertices. Normals are those of the links.
+// Tells whether a triangle is turned away from the link of one of its vertices. Normals are those of the links.
 bool hasOpposingTriangle(GLObject const& object) {
     for (GLPolygon const* polygon : object) {
         for (auto const& [a, b, c] : drawnIndices(*polygon)) {
@@ -92,7 +93,7 @@ TEST(LinkNormals, TrianglesFollowTheirLinksButForKnownConfigurations) {
                                          0xb1, 0xc5, 0xc9, 0xd1, 0xe1}));
 }
 
-/// Lists the configurations in which an edge between two triangles of the cell lies on a cell face.
+// Lists the configurations in which an edge between two triangles of the cell lies on a cell face.
 std::vector<unsigned int> configurationsWithAnInnerEdgeOnAFace(Neighborhood::NHConfig config) {
     SystemList const objects(config);
     std::vector<unsigned int> found;

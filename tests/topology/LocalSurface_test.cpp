@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DrawnSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +36,7 @@ TEST_P(LocalSurface, EdgesInsideTheCellBelongToTwoTriangles) {
     }
 }
 
-/// Returns the four values of a cell face, from the two other axes' low corner on.
+// Returns the four values of a cell face, from the two other axes' low corner on.
 unsigned int facePattern(unsigned int configuration, std::size_t axis, bool isHigh) {
     unsigned int pattern = 0;
     for (unsigned int corner = 0, place = 0; corner < 8; ++corner) {
@@ -46,7 +47,7 @@ unsigned int facePattern(unsigned int configuration, std::size_t axis, bool isHi
     return pattern;
 }
 
-/// Returns the outline on a cell face, its points moved to the low face of the axis.
+// Returns the outline on a cell face, its points moved to the low face of the axis.
 std::vector<HalfEdge> faceOutline(std::vector<HalfTriangle> const& triangles, std::size_t axis, bool isHigh) {
     int const plane = isHigh ? 2 : 0;
     std::vector<HalfEdge> onFace;
@@ -135,7 +136,6 @@ TEST_P(LocalSurface, NormalsAreNumbersOfUnitLength) {
     EXPECT_EQ(configurationsWithABadNormal(_objects.list()), std::vector<unsigned int>());
 }
 
-INSTANTIATE_TEST_SUITE_P(Systems, LocalSurface, testing::ValuesIn(kSurfaceSystems),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, LocalSurface, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 } // namespace

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/DigitalObject.h"
 #include "support/ScannedSurface.h"
+#include "support/SystemName.h"
 
 #include <gtest/gtest.h>
 
@@ -41,8 +42,8 @@ double areaOf(GLObject const& object) {
     return area;
 }
 
-/// Returns the area of the surface of a half space per unit of its true area. A plane passes through a cell at every
-/// height equally often: between the heights of two corners the configuration stays the same.
+// Returns the area of the surface of a half space per unit of its true area. A plane passes through a cell at every
+// height equally often: between the heights of two corners the configuration stays the same.
 double areaFactor(std::vector<double> const& areas, std::array<double, 3> const& direction) {
     std::array<std::pair<double, unsigned int>, 8> corners;
     for (unsigned int corner = 0; corner < 8; ++corner) {
@@ -62,7 +63,7 @@ double areaFactor(std::vector<double> const& areas, std::array<double, 3> const&
     return factor;
 }
 
-/// Returns the mean factor over directions spread evenly: the limit for large balls.
+// Returns the mean factor over directions spread evenly: the limit for large balls.
 double ballLimit(GLObjectList const& list) {
     std::vector<double> areas;
     for (GLObject const* object : list) {
@@ -137,8 +138,7 @@ TEST_P(SurfaceMeasures, FlatFacesHaveTheirArea) {
     EXPECT_LE(flat, 2 * 81.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Systems, SurfaceMeasures, testing::ValuesIn(kSurfaceSystems),
-                         [](auto const& system) { return std::string(systemName(system.param)); });
+INSTANTIATE_TEST_SUITE_P(Systems, SurfaceMeasures, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
 
 // Five fans of N6 start at a vertex from which an inner edge runs in a cell face. It is the polygon's own: only where
 // two of the five share that face do the drawn triangles meet by four.

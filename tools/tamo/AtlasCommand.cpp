@@ -49,7 +49,7 @@ void drawAtlas(AtlasOptions const& options) {
 
     OffscreenContext const context(options.size.width * samples, options.size.height * samples);
     AtlasSheet const sheet(tiles, columns, options.view, options.size, samples);
-    file.write(drawSurface(sheet.displayList(), sheet.camera(), options.size, samples));
+    file.write(drawSurface({sheet.displayList()}, sheet.camera(), options.size, samples));
     std::cout << "picture     " << options.output.string() << ", " << options.size.width << " x " << options.size.height
               << "\n";
 }

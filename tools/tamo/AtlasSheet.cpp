@@ -37,13 +37,13 @@ Vector3 cornerPosition(unsigned int corner) {
             static_cast<double>(corner >> 2 & 1U)};
 }
 
-/// Returns where a point of the unit cell lies in the tile around `centre`.
+// Returns where a point of the unit cell lies in the tile around `centre`.
 Vector3 inTile(Vector3 const& centre, Vector3 const& point) {
     return {centre[0] + point[0] - 0.5, centre[1] + point[1] - 0.5, centre[2] + point[2] - 0.5};
 }
 
-/// Draws the edges of the triangles that OpenGL makes of a polygon, or the outline of a plain one. Its line mode would
-/// not do: where display lists join strips by triangles without area, it shows them.
+// Draws the edges of the triangles that OpenGL makes of a polygon, or the outline of a plain one. Its line mode would
+// not do: where display lists join strips by triangles without area, it shows them.
 void drawEdges(GLPolygon const& polygon, Vector3 const& centre) {
     auto const draw = [&](unsigned int a, unsigned int b) {
         for (unsigned int const i : {a, b}) {
@@ -70,7 +70,7 @@ std::string hexadecimal(unsigned int configuration) {
     return text.data();
 }
 
-/// Colours the two sides. The light is flatter than that of a surface: which side it is has to show on every polygon.
+// Colours the two sides. The light is flatter than that of a surface: which side it is has to show on every polygon.
 void setMaterials() {
     constexpr std::array<float, 4> kAmbient{0.60F, 0.60F, 0.60F, 1.0F};
     constexpr float kDiffuse = 0.45F;
@@ -110,7 +110,7 @@ AtlasSheet::AtlasSheet(std::vector<AtlasTile> const& tiles, std::size_t columns,
     glEndList();
 }
 
-/// Fits all tiles into the picture.
+// Fits all tiles into the picture.
 void AtlasSheet::placeCamera(std::size_t rows, PictureSize size) {
     double const halfWidth = kTile * static_cast<double>(_columns) / 2;
     double const halfHeight = kTile * static_cast<double>(rows) / 2;
@@ -157,7 +157,7 @@ unsigned int AtlasSheet::compilePolygons(std::vector<AtlasTile> const& tiles) co
     return list;
 }
 
-/// Draws the polygons and the edges of their triangles, thinly also those that a polygon hides.
+// Draws the polygons and the edges of their triangles, thinly also those that a polygon hides.
 void AtlasSheet::drawPolygons(unsigned int polygons, std::vector<AtlasTile> const& tiles) const {
     setMaterials();
     // The edges lie on their polygons: these step back to let them be seen.

@@ -3,39 +3,38 @@
 #include "BinaryVolume.h"
 
 #include "ScalarType.h"
-#include "UserError.h"
-
-#include <limits>
 
 namespace tamo {
 
+Size3 sidesOf(Box const& box) {
+    return {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1};
+}
+
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress) {
-    Size3 const& size = volume.size;
-    if (std::int64_t{size[0]} * size[1] > std::numeric_limits<int>::max()) {
-        throw UserError("expected slices of less than 2^31 voxels, found " + std::to_string(size[0]) + " x " +
-                        std::to_string(size[1]));
-    }
     BinaryVolume binary;
-    binary.size = size;
-    auto const sliceVoxels = static_cast<std::size_t>(size[0]) * static_cast<std::size_t>(size[1]);
-    binary.voxels.resize(sliceVoxels * static_cast<std::size_t>(size[2]));
+    binary.first = box.first;
+    binary.size = sidesOf(box);
+    Size3 const& size = binary.size;
+    binary.voxels.resize(static_cast<std::size_t>(size[0]) * static_cast<std::size_t>(size[1]) *
+                         static_cast<std::size_t>(size[2]));
 
     double const slope = volume.slope;
     double const intercept = volume.intercept;
     visitScalarType(volume.image->GetScalarType(), [&](auto const* null) {
-        for (int z = box.first[2]; z <= box.last[2]; ++z) {
-            for (int y = box.first[1]; y <= box.last[1]; ++y) {
-                auto const* const source = reinterpret_cast<decltype(null)>(rowAddress(*volume.image, y, z));
-                unsigned char* const target = binary.voxels.data() + static_cast<std::size_t>(z) * sliceVoxels +
-                                              static_cast<std::size_t>(y) * static_cast<std::size_t>(size[0]);
-                for (int x = box.first[0]; x <= box.last[0]; ++x) {
+        unsigned char* target = binary.voxels.data();
+        for (int z = 0; z < size[2]; ++z) {
+            for (int y = 0; y < size[1]; ++y, target += size[0]) {
+                auto const* const source =
+                    reinterpret_cast<decltype(null)>(rowAddress(*volume.image, box.first[1] + y, box.first[2] + z)) +
+                    box.first[0];
+                for (int x = 0; x < size[0]; ++x) {
                     double const value = slope * static_cast<double>(source[x]) + intercept;
                     bool const isForeground = value >= range.min && value <= range.max;
                     target[x] = static_cast<unsigned char>(isForeground);
                     binary.foreground += static_cast<std::uint64_t>(isForeground);
                 }
             }
-            progress.update((z - box.first[2] + 1.0) / (box.last[2] - box.first[2] + 1));
+            progress.update((z + 1.0) / size[2]);
         }
     });
     return binary;

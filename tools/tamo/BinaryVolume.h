@@ -19,9 +19,13 @@ struct Box {
     Size3 last{};
 };
 
-/// Holds one byte a voxel, 1 for foreground and 0 for background, x fastest, then y, then z.
+/// Holds one byte for each voxel of a box of a volume, 1 for foreground and 0 for background, x fastest, then y, then
+/// z.
 struct BinaryVolume {
     std::vector<unsigned char> voxels;
+    /// Where in the volume the box begins.
+    Size3 first{};
+    /// The sides of the box.
     Size3 size{};
     std::uint64_t foreground = 0;
 
@@ -29,8 +33,11 @@ struct BinaryVolume {
     [[nodiscard]] GLtVec3<int> increments() const { return {1, size[0], size[0] * size[1]}; }
 };
 
+/// Returns the sides of a box.
+Size3 sidesOf(Box const& box);
+
 /// Marks the voxels of `box` whose value lies in `range`, ends included; a voxel without a value (NaN) is background.
-/// Throws `UserError` for a volume of slices with more than 2^31 - 1 voxels.
+/// The box's slices must not have more than 2^31 - 1 voxels.
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress);
 
 } // namespace tamo

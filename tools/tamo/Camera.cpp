@@ -15,7 +15,7 @@ constexpr double kMargin = 0.05;
 
 double dot(Vector3 const& a, Vector3 const& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
-/// Returns how far along each screen axis one voxel leads along each volume axis: [screen][volume].
+// Returns how far along each screen axis one voxel leads along each volume axis: [screen][volume].
 std::array<Vector3, 3> voxelSteps(Volume const& geometry, View view) {
     auto const screen = screenAxes(view);
     std::array<Vector3, 3> steps{};
@@ -25,11 +25,6 @@ std::array<Vector3, 3> voxelSteps(Volume const& geometry, View view) {
         }
     }
     return steps;
-}
-
-double determinant(std::array<Vector3, 3> const& m) {
-    return m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) - m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0]) +
-           m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]);
 }
 
 struct Extent {
@@ -44,7 +39,7 @@ struct Extent {
     }
 };
 
-/// Finds the foreground's extent on the screen. A row's extreme points are its two ends, whatever the view.
+// Finds the foreground's extent on the screen. A row's extreme points are its two ends, whatever the view.
 Extent screenExtent(BinaryVolume const& binary, std::array<Vector3, 3> const& steps, unsigned int step) {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     Extent extent{{kInfinity, kInfinity, kInfinity}, {-kInfinity, -kInfinity, -kInfinity}};
@@ -58,7 +53,8 @@ Extent screenExtent(BinaryVolume const& binary, std::array<Vector3, 3> const& st
             }
             auto const* const last = static_cast<unsigned char const*>(memrchr(row, 1, rowVoxels));
             for (auto const* const end : {first, last}) {
-                Vector3 const voxel{static_cast<double>(end - row), static_cast<double>(y), static_cast<double>(z)};
+                Vector3 const voxel{static_cast<double>(binary.first[0] + (end - row)),
+                                    static_cast<double>(binary.first[1] + y), static_cast<double>(binary.first[2] + z)};
                 extent.include({dot(steps[0], voxel), dot(steps[1], voxel), dot(steps[2], voxel)});
             }
         }
@@ -90,7 +86,6 @@ Camera frameForeground(BinaryVolume const& binary, Volume const& geometry, unsig
     auto const steps = voxelSteps(geometry, view);
     Extent const extent = screenExtent(binary, steps, step);
     Camera camera;
-    camera.isMirrored = determinant(steps) < 0;
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column) {
             camera.modelView[4 * column + row] = steps[row][column];

@@ -25,8 +25,6 @@ struct PictureSize {
 struct Camera {
     std::array<double, 16> modelView{};
     std::array<double, 16> projection{};
-    /// Whether voxel coordinates are a mirror image of space, so that outer sides turn clockwise on the screen.
-    bool isMirrored = false;
 };
 
 /// Returns the rows of the turn from space to the screen: right, up, towards the viewer.

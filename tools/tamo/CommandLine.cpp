@@ -14,7 +14,7 @@ namespace {
 
 using namespace tamo;
 
-/// The texts of the options, empty where one is not given: they are judged here, in one voice, and not by the parser.
+// The texts of the options, empty where one is not given: they are judged here, in one voice, and not by the parser.
 struct Texts {
     std::string volume;
     std::string dims;
@@ -91,7 +91,7 @@ void addRenderOptions(CLI::App& app, Texts& texts) {
     app.add_flag("--verbose", texts.isVerbose, "Print wall time and peak memory of each stage");
 }
 
-/// Returns what the options of an atlas are where they are not given.
+// Returns what the options of an atlas are where they are not given.
 Texts atlasDefaults() {
     Texts texts;
     texts.size = "2400x2400";
@@ -117,6 +117,24 @@ void addAtlasOptions(CLI::App& app, Texts& texts) {
 
 template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
     return {values[0], values[1], values[2]};
+}
+
+// Refuses empty values of all options of the commands: what a script has left unset does not stand for the default.
+void refuseEmptyValues(CLI::App& app) {
+    for (CLI::App* const command : app.get_subcommands(nullptr)) {
+        for (CLI::Option* const option : command->get_options()) {
+            option->check([](std::string const& text) { return text.empty() ? "expected a value, found none" : ""; });
+        }
+    }
+}
+
+// Says in one line what is wrong with the arguments.
+std::string messageOf(CLI::ParseError const& error) {
+    std::string const text = error.what();
+    // The parser counts arguments here; all options of this program take one value, once.
+    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)
+               ? text.substr(0, text.find(':')) + ": expected once, with one value"
+               : text;
 }
 
 RawLayout rawLayout(Texts const& texts) {
@@ -251,6 +269,7 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
     addAtlasOptions(*atlas, atlasTexts);
     atlas->footer(kAtlasExamples);
     try {
+        refuseEmptyValues(app);
         app.parse(argumentCount, arguments);
     } catch (CLI::Success const& asked) {
         app.exit(asked);
@@ -259,7 +278,7 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
         if (app.get_subcommands().empty()) {
             throw UserError("expected a command, info, render or atlas; see tamo --help");
         }
-        throw UserError(std::string(error.what()) + "; see tamo --help");
+        throw UserError(messageOf(error) + "; see tamo --help");
     }
     if (info->parsed()) {
         return InfoOptions{volumeSource(texts)};

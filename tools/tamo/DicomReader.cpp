@@ -24,9 +24,9 @@ std::uint64_t littleEndian(unsigned char const* bytes) {
     return bytes[0] | std::uint64_t{bytes[1]} << 8U | std::uint64_t{bytes[2]} << 16U | std::uint64_t{bytes[3]} << 24U;
 }
 
-/// Tells whether the file holds all the pixel data that it announces, and at least `pixels` of them.
-///
-/// VTK shows what it has read so far. The bytes of the tag may also stand elsewhere: one place that fits is enough.
+// Tells whether the file holds all the pixel data that it announces, and at least `pixels` of them.
+//
+// VTK shows what it has read so far. The bytes of the tag may also stand elsewhere: one place that fits is enough.
 bool hasAllPixels(fs::path const& path, std::uint64_t pixels) {
     std::ifstream file(path, std::ios::binary);
     std::vector<unsigned char> const bytes{std::istreambuf_iterator<char>(file), {}};
@@ -55,7 +55,7 @@ Vector3 cross(Vector3 const& a, Vector3 const& b) {
 
 double dot(Vector3 const& a, Vector3 const& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
-/// What VTK tells of one slice. Directions and positions lead towards the left, the back and the top.
+// What VTK tells of one slice. Directions and positions lead towards the left, the back and the top.
 struct Slice {
     fs::path path;
     vtkSmartPointer<vtkDICOMImageReader> reader;
@@ -65,7 +65,7 @@ struct Slice {
     [[nodiscard]] Vector3 normal() const { return cross(directions[0], directions[1]); }
 };
 
-/// Reads a slice; what it shows stays in its reader.
+// Reads a slice; what it shows stays in its reader.
 Slice readSlice(fs::path const& path) {
     Slice slice;
     slice.path = path;
@@ -113,7 +113,7 @@ void checkAlike(Slice const& slice, Slice const& first) {
     }
 }
 
-/// Orders the slices along their common normal and returns the mean distance between them.
+// Orders the slices along their common normal and returns the mean distance between them.
 double sortByPosition(std::vector<Slice>& slices) {
     Vector3 const normal = slices.front().normal();
     auto const height = [&normal](Slice const& slice) { return dot(normal, slice.position); };
@@ -130,7 +130,8 @@ double sortByPosition(std::vector<Slice>& slices) {
 }
 
 void copySlice(Slice const& slice, Volume& volume, int z) {
-    auto const rowBytes = static_cast<std::size_t>(volume.size[0] * volume.image->GetScalarSize());
+    auto const rowBytes =
+        static_cast<std::size_t>(volume.size[0]) * static_cast<std::size_t>(volume.image->GetScalarSize());
     for (int y = 0; y < volume.size[1]; ++y) {
         // VTK begins a picture with its bottom row.
         std::memcpy(rowAddress(*volume.image, y, z), rowAddress(*slice.reader->GetOutput(), volume.size[1] - 1 - y, 0),

@@ -6,7 +6,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <limits>
 #include <sstream>
+
+namespace {
+
+// Tells whether a value is a whole number in [least, most]; one that is no number is not.
+bool isWhole(double value, double least, double most) {
+    return value >= least && value <= most && value == std::floor(value);
+}
+
+} // namespace
 
 namespace tamo {
 
@@ -47,6 +58,31 @@ std::vector<double> HeaderText::numbers(std::string const& name, std::size_t cou
         refuse(name, std::to_string(count) + " numbers");
     }
     return values;
+}
+
+Size3 HeaderText::size(std::string const& name) const {
+    auto const sides = numbers(name, 3);
+    Size3 size{};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (!isWhole(sides[axis], 1, std::numeric_limits<int>::max())) {
+            refuse(name, "three whole numbers of at least 1");
+        }
+        size[axis] = static_cast<int>(sides[axis]);
+    }
+    return size;
+}
+
+std::int64_t HeaderText::whole(std::string const& name, std::int64_t least) const {
+    if (!has(name)) {
+        return 0;
+    }
+    double const value = numbers(name, 1)[0];
+    // More than any file holds, and still exact.
+    constexpr double kMost = 1e15;
+    if (!isWhole(value, static_cast<double>(least), kMost)) {
+        refuse(name, "a whole number of at least " + std::to_string(least));
+    }
+    return static_cast<std::int64_t>(value);
 }
 
 void HeaderText::refuse(std::string const& name, std::string const& expected) const {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "Volume.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -25,6 +27,12 @@ class HeaderText {
     /// Returns the `count` numbers of a field; blanks, commas and brackets part them. Throws `UserError` for another
     /// text.
     [[nodiscard]] std::vector<double> numbers(std::string const& name, std::size_t count) const;
+
+    /// Returns the three sides of a volume, each at least 1. Throws `UserError` for another text.
+    [[nodiscard]] Size3 size(std::string const& name) const;
+    /// Returns a whole number of at least `least`, or 0 where the header has no such field. Throws `UserError` for
+    /// another text.
+    [[nodiscard]] std::int64_t whole(std::string const& name, std::int64_t least) const;
 
     /// Throws `UserError` naming the file, the field, what it should be and what it is.
     [[noreturn]] void refuse(std::string const& name, std::string const& expected) const;

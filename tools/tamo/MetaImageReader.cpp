@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
-#include <limits>
 
 // VTK's own reader of this format takes a truncated file for a whole one.
 
@@ -58,15 +57,7 @@ Size3 size(HeaderText const& header) {
     if (header.require("NDims") != "3") {
         header.refuse("NDims", "3, a 3-D volume,");
     }
-    auto const sides = header.numbers("DimSize", 3);
-    Size3 size{};
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (!(sides[axis] >= 1 && sides[axis] <= std::numeric_limits<int>::max())) {
-            header.refuse("DimSize", "three whole numbers of at least 1");
-        }
-        size[axis] = static_cast<int>(sides[axis]);
-    }
-    return size;
+    return header.size("DimSize");
 }
 
 bool isTrue(std::string const& text) { return !text.empty() && (text[0] == 'T' || text[0] == 't' || text[0] == '1'); }
@@ -107,14 +98,12 @@ VoxelLocation locateVoxels(HeaderText const& header, fs::path const& path, Volum
     location.encoding = !isBinary ? VoxelEncoding::Text : isCompressed ? VoxelEncoding::Compressed : VoxelEncoding::Raw;
     location.isBigEndian = isTrue(header.text("BinaryDataByteOrderMSB", header.text("ElementByteOrderMSB", "False")));
     location.start = isLocal ? header.end : 0;
-    if (header.has("HeaderSize")) {
-        double const skipped = header.numbers("HeaderSize", 1)[0];
-        std::uint64_t const bytes = voxelBytes(volume);
-        // -1 stands for whatever precedes the voxels at the end of the file.
-        std::uint64_t const fileBytes = fs::file_size(location.path);
-        location.start += skipped >= 0        ? static_cast<std::uint64_t>(skipped)
-                          : fileBytes > bytes ? fileBytes - bytes
-                                              : 0;
+    // Counted from the beginning of the file; -1 stands for whatever precedes the voxels at its end.
+    std::int64_t const skipped = header.whole("HeaderSize", -1);
+    if (skipped > 0) {
+        location.start = static_cast<std::uint64_t>(skipped);
+    } else if (skipped < 0) {
+        location.start = startOfLastBytes(location.path, voxelBytes(volume));
     }
     return location;
 }

@@ -10,7 +10,6 @@
 #include <cctype>
 #include <cmath>
 #include <fstream>
-#include <limits>
 
 // VTK's own reader of this format takes text for binary voxels and goes on past the end of a truncated file.
 
@@ -19,7 +18,7 @@ namespace {
 using namespace tamo;
 namespace fs = std::filesystem;
 
-/// Spells fields that have two names in one way.
+// Spells fields that have two names in one way.
 std::string fieldName(std::string name) {
     std::transform(name.begin(), name.end(), name.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -50,7 +49,7 @@ HeaderText readHeader(fs::path const& path) {
     return header;
 }
 
-/// Reads a type by its C name, in any of the orders of words that the format allows, or by its number of bits.
+// Reads a type by its C name, in any of the orders of words that the format allows, or by its number of bits.
 int scalarType(HeaderText const& header) {
     static std::map<std::string, int> const kTypes{{"signed char", VTK_SIGNED_CHAR},
                                                    {"unsigned char", VTK_UNSIGNED_CHAR},
@@ -100,18 +99,10 @@ Size3 sizes(HeaderText const& header) {
             header.refuse("kinds", "three axes of space, a volume of one scalar a voxel,");
         }
     }
-    auto const sides = header.numbers("sizes", 3);
-    Size3 size{};
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (!(sides[axis] >= 1 && sides[axis] <= std::numeric_limits<int>::max())) {
-            header.refuse("sizes", "three whole numbers of at least 1");
-        }
-        size[axis] = static_cast<int>(sides[axis]);
-    }
-    return size;
+    return header.size("sizes");
 }
 
-/// Returns the signs that turn the coordinates of a named space towards the right, the front and the top.
+// Returns the signs that turn the coordinates of a named space towards the right, the front and the top.
 Vector3 patientSigns(std::string space) {
     std::transform(space.begin(), space.end(), space.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -143,14 +134,14 @@ void applyGeometry(Volume& volume, HeaderText const& header) {
     }
 }
 
-/// Returns where the voxels begin once `lines` lines past `start` are skipped.
-std::uint64_t skipLines(fs::path const& data, std::uint64_t start, int lines) {
+// Returns where the voxels begin once `lines` lines past `start` are skipped: at the file's end where it has fewer.
+std::uint64_t skipLines(fs::path const& data, std::uint64_t start, std::int64_t lines) {
     std::ifstream file(data, std::ios::binary);
     file.seekg(static_cast<std::streamoff>(start));
     std::string line;
     while (lines-- > 0 && std::getline(file, line)) {
     }
-    return file ? static_cast<std::uint64_t>(file.tellg()) : start;
+    return file ? static_cast<std::uint64_t>(file.tellg()) : fs::file_size(data);
 }
 
 VoxelEncoding encoding(HeaderText const& header) {
@@ -164,6 +155,18 @@ VoxelEncoding encoding(HeaderText const& header) {
     return found->second;
 }
 
+// Returns the byte order of the voxels; single bytes have none.
+bool isBigEndian(HeaderText const& header, Volume const& volume) {
+    if (volume.image->GetScalarSize() == 1) {
+        return false;
+    }
+    std::string const order = header.require("endian");
+    if (order != "big" && order != "little") {
+        header.refuse("endian", "big or little");
+    }
+    return order == "big";
+}
+
 VoxelLocation locateVoxels(HeaderText const& header, fs::path const& path, Volume const& volume) {
     VoxelLocation location;
     bool const isDetached = header.has("data file");
@@ -172,21 +175,18 @@ VoxelLocation locateVoxels(HeaderText const& header, fs::path const& path, Volum
         header.refuse("data file", "one file that exists");
     }
     location.encoding = encoding(header);
-    bool const isBinary = location.encoding != VoxelEncoding::Text;
-    location.isBigEndian = isBinary && volume.image->GetScalarSize() > 1 && header.require("endian") == "big";
+    location.isBigEndian = location.encoding != VoxelEncoding::Text && isBigEndian(header, volume);
 
-    int const lines = header.has("line skip") ? static_cast<int>(header.numbers("line skip", 1)[0]) : 0;
+    std::int64_t const lines = header.whole("line skip", 0);
     location.start = skipLines(location.path, isDetached ? 0 : header.end, lines);
-    double const skip = header.has("byte skip") ? header.numbers("byte skip", 1)[0] : 0;
+    std::int64_t const skip = header.whole("byte skip", -1);
     if (location.encoding == VoxelEncoding::Compressed) {
         location.expandedSkip = skip > 0 ? static_cast<std::uint64_t>(skip) : 0;
     } else if (skip >= 0) {
         location.start += static_cast<std::uint64_t>(skip);
     } else {
         // -1 stands for whatever precedes the voxels at the end of the file.
-        std::uint64_t const fileBytes = fs::file_size(location.path);
-        std::uint64_t const bytes = voxelBytes(volume);
-        location.start = fileBytes > bytes ? fileBytes - bytes : 0;
+        location.start = startOfLastBytes(location.path, voxelBytes(volume));
     }
     return location;
 }

@@ -14,7 +14,7 @@ namespace {
     throw tamo::UserError(option + " " + text + ": expected " + expected);
 }
 
-/// Reads all of `text` as one number of type T; false where it is something else.
+// Reads all of `text` as one number of type T; false where it is something else.
 template <typename T> bool read(std::string const& text, T& value) {
     auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     return error == std::errc() && end == text.data() + text.size();

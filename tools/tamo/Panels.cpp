@@ -16,13 +16,12 @@ Panel panelOf(PictureSize picture, std::size_t i, std::size_t count) {
     return {left, {static_cast<int>(width * (i + 1) / count) - left, picture.height}};
 }
 
-unsigned int compileLabelled(unsigned int surface, std::string const& label, PictureSize size, int samples) {
+unsigned int compileLabel(std::string const& label, PictureSize size, int samples) {
     constexpr double kHeightShare = 0.045;
     double const height = 2 * kHeightShare * std::min(1.0, static_cast<double>(size.width) / size.height);
     double const width = height * size.height / size.width;
     GLuint const list = glGenLists(1);
     glNewList(list, GL_COMPILE);
-    glCallList(surface);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     glMatrixMode(GL_MODELVIEW);

@@ -18,8 +18,9 @@ struct Panel {
 /// Returns the i-th of `count` panels side by side. The picture has to be `count` pixels wide or more.
 Panel panelOf(PictureSize picture, std::size_t i, std::size_t count);
 
-/// Compiles a display list that draws the list `surface` and a label at the upper left; returns its name.
-unsigned int compileLabelled(unsigned int surface, std::string const& label, PictureSize size, int samples);
+/// Compiles a display list that draws a label at the upper left, over what is there; returns its name. It leaves OpenGL
+/// set to draw such labels.
+unsigned int compileLabel(std::string const& label, PictureSize size, int samples);
 
 /// Puts the picture of a panel in its place. The first one makes room for all.
 void placePanel(Picture const& drawn, Panel const& panel, PictureSize size, Picture& picture);

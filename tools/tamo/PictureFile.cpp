@@ -22,6 +22,17 @@ namespace {
 using namespace tamo;
 namespace fs = std::filesystem;
 
+// Makes an empty file of a name of its own, which an interruption removes; returns its descriptor, or -1.
+int makeUnfinishedFile(std::string& pattern) {
+    // Between the two calls an interruption would leave the file behind.
+    HeldInterruption const held;
+    int const descriptor = mkstemp(pattern.data());
+    if (descriptor >= 0) {
+        setUnfinishedFile(pattern);
+    }
+    return descriptor;
+}
+
 std::vector<unsigned char> encode(Picture const& picture) {
     vtkNew<vtkImageData> image;
     image->SetDimensions(picture.size.width, picture.size.height, 1);
@@ -50,7 +61,7 @@ PictureFile::PictureFile(fs::path path) : _path(std::move(path)) {
         throw UserError("--output " + _path.string() + ": expected a file, found something else of that name");
     }
     _unfinished = _path.string() + ".XXXXXX";
-    int const descriptor = mkstemp(_unfinished.data());
+    int const descriptor = makeUnfinishedFile(_unfinished);
     if (descriptor < 0) {
         throw UserError("--output " + _path.string() + ": expected a folder in which a file can be written");
     }
@@ -59,14 +70,13 @@ PictureFile::PictureFile(fs::path path) : _path(std::move(path)) {
     umask(mask);
     fchmod(descriptor, static_cast<mode_t>(0666) & ~mask);
     close(descriptor);
-    setUnfinishedFile(_unfinished);
 }
 
 PictureFile::~PictureFile() {
-    setUnfinishedFile("");
     if (!_unfinished.empty()) {
         unlink(_unfinished.c_str());
     }
+    setUnfinishedFile("");
 }
 
 void PictureFile::write(Picture const& picture) {

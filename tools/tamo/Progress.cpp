@@ -9,11 +9,7 @@
 namespace {
 
 std::atomic<int> terminalDescriptor{STDERR_FILENO};
-
-void show(std::string const& text) {
-    // A progress line that cannot be written is no reason to stop.
-    [[maybe_unused]] auto const written = write(terminalDescriptor, text.data(), text.size());
-}
+std::atomic<bool> hasLine{false};
 
 } // namespace
 
@@ -21,30 +17,45 @@ namespace tamo {
 
 Progress::Progress(std::string stage) : _stage(std::move(stage)) {}
 
-Progress::~Progress() {
-    if (_drawn) {
-        show("\r\033[K");
-    }
-}
+Progress::~Progress() { wipe(); }
 
 void Progress::setTerminal(int descriptor) { terminalDescriptor = descriptor; }
 
 int Progress::terminal() { return terminalDescriptor; }
 
+void Progress::wipe() {
+    if (hasLine.exchange(false)) {
+        static constexpr char kWipe[] = "\r\033[K";
+        [[maybe_unused]] auto const written = write(terminalDescriptor, kWipe, sizeof kWipe - 1);
+    }
+}
+
+void Progress::show(std::string const& text) const {
+    if (isatty(terminalDescriptor) == 0) {
+        return;
+    }
+    constexpr std::size_t kNameWidth = 12;
+    std::string const gap(_stage.size() < kNameWidth ? kNameWidth - _stage.size() : 1, ' ');
+    std::string const line = "\r" + _stage + gap + text + "\033[K";
+    hasLine = true;
+    // A progress line that cannot be written is no reason to stop.
+    [[maybe_unused]] auto const written = write(terminalDescriptor, line.data(), line.size());
+}
+
+void Progress::announce() { show("..."); }
+
 void Progress::update(double fraction) {
     auto const now = std::chrono::steady_clock::now();
-    if (now < _nextDraw || isatty(terminalDescriptor) == 0) {
+    if (now < _nextDraw) {
         return;
     }
     _nextDraw = now + std::chrono::milliseconds(100);
-    _drawn = true;
     constexpr int kWidth = 40;
     double const shown = std::clamp(fraction, 0.0, 1.0);
     auto const filled = static_cast<std::size_t>(shown * kWidth);
     std::string bar(kWidth, ' ');
     std::fill_n(bar.begin(), filled, '#');
-    show("\r" + _stage + std::string(_stage.size() < 12 ? 12 - _stage.size() : 1, ' ') + "[" + bar + "] " +
-         std::to_string(static_cast<int>(shown * 100)) + " %\033[K");
+    show("[" + bar + "] " + std::to_string(static_cast<int>(shown * 100)) + " %");
 }
 
 } // namespace tamo

@@ -8,6 +8,7 @@
 namespace tamo {
 
 /// Shows how far a stage has come, as one line on standard error that is wiped at the end; only on a terminal.
+/// One at a time.
 class Progress {
   public:
     explicit Progress(std::string stage);
@@ -15,6 +16,8 @@ class Progress {
     Progress(Progress const&) = delete;
     Progress& operator=(Progress const&) = delete;
 
+    /// Shows the stage's name alone, for work that cannot tell how far it is.
+    void announce();
     /// Shows `fraction`, in [0, 1]. Cheap enough for every slice: draws ten times a second at most.
     void update(double fraction);
 
@@ -22,11 +25,14 @@ class Progress {
     static void setTerminal(int descriptor);
     /// Returns that descriptor; a signal handler may ask.
     static int terminal();
+    /// Wipes the line where one is shown; a signal handler may ask for it.
+    static void wipe();
 
   private:
+    void show(std::string const& text) const;
+
     std::string _stage;
     std::chrono::steady_clock::time_point _nextDraw{};
-    bool _drawn = false;
 };
 
 } // namespace tamo

@@ -14,17 +14,17 @@
 
 namespace {
 
-/// Swallows VTK's messages and remembers that there was an error.
+// Swallows VTK's messages and remembers that there was an error.
 class SilentWindow : public vtkOutputWindow {
   public:
     static SilentWindow* New();
     void DisplayText(char const*) override {}
-    void DisplayErrorText(char const*) override { _hasError = true; }
+    void DisplayErrorText(char const*) override { hasError = true; }
     void DisplayWarningText(char const*) override {}
     void DisplayGenericWarningText(char const*) override {}
     void DisplayDebugText(char const*) override {}
 
-    bool _hasError = false;
+    bool hasError = false;
 };
 
 vtkStandardNewMacro(SilentWindow);
@@ -60,7 +60,7 @@ void restore(int descriptor, int saved) {
 namespace tamo {
 
 QuietLibraries::QuietLibraries() {
-    silentWindow()._hasError = false;
+    silentWindow().hasError = false;
     std::fflush(stdout);
     _standardOutput = redirectToNull(STDOUT_FILENO);
     _standardError = redirectToNull(STDERR_FILENO);
@@ -74,6 +74,6 @@ QuietLibraries::~QuietLibraries() {
     Progress::setTerminal(STDERR_FILENO);
 }
 
-bool QuietLibraries::hasVtkError() const { return silentWindow()._hasError; }
+bool QuietLibraries::hasVtkError() const { return silentWindow().hasError; }
 
 } // namespace tamo

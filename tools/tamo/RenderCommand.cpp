@@ -7,14 +7,15 @@
 #include "PictureFile.h"
 #include "ScalarType.h"
 #include "StageTimer.h"
+#include "SurfaceLists.h"
 #include "SurfacePicture.h"
 #include "UserError.h"
 
-#include <tamo/surface/GLPolygonConsumer.h>
 #include <tamo/surface/TAMO.h>
 
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <limits>
@@ -23,46 +24,11 @@ namespace {
 
 using namespace tamo;
 
-/// Hands the surface on to another receiver and shows how much of it has passed.
-class ProgressAggregator : public IPolygonAggregator {
-  public:
-    ProgressAggregator(IPolygonAggregator& receiver, std::size_t primitives, Progress& progress)
-        : _receiver(receiver), _primitives(static_cast<double>(primitives)), _progress(progress) {}
-
-    void start() override { _receiver.start(); }
-    void finish() override { _receiver.finish(); }
-    void fetch(GLObject& object) override { _receiver.fetch(object); }
-    void fetch(GLObject& object, GLCoord3f const& offset) override {
-        _receiver.fetch(object, offset);
-        _seen += object.size();
-        if (_seen >= _nextUpdate) {
-            constexpr std::size_t kInterval = 1 << 14;
-            _nextUpdate = _seen + kInterval;
-            _progress.update(static_cast<double>(_seen) / _primitives);
-        }
-    }
-
-  private:
-    IPolygonAggregator& _receiver;
-    double _primitives;
-    Progress& _progress;
-    std::size_t _seen = 0;
-    std::size_t _nextUpdate = 0;
-};
-
-/// The arguments that a scan of the sampled box takes.
-struct Scan {
-    BinaryVolume binary;
-    GLtVec3<int> origin;
-    GLtVec3<int> extent;
-    unsigned int step;
-};
-
 std::string text(Size3 const& v, char const* separator) {
     return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
 }
 
-/// Returns the box to scan, checked against the volume and the step.
+// Returns the box to scan, checked against the volume and the step.
 Box chooseBox(RenderOptions const& options, Size3 const& size) {
     Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
     for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -70,11 +36,17 @@ Box chooseBox(RenderOptions const& options, Size3 const& size) {
             throw UserError("--box " + text(box.first, ",") + "," + text(box.last, ",") +
                             ": expected voxels inside the volume of " + text(size, " x "));
         }
-        int const side = box.last[axis] - box.first[axis] + 1;
-        if (options.step > side) {
-            throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(side) +
-                            ", the smallest side of the box");
-        }
+    }
+    Size3 const sides = sidesOf(box);
+    int const smallest = *std::min_element(sides.begin(), sides.end());
+    if (options.step > smallest) {
+        throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(smallest) +
+                        ", the smallest side of the box");
+    }
+    // The scan takes the address distance of two slices as an int.
+    if (std::int64_t{sides[0]} * sides[1] > std::numeric_limits<int>::max()) {
+        throw UserError(options.source.path.string() + ": expected slices of less than 2^31 voxels, found " +
+                        std::to_string(sides[0]) + " x " + std::to_string(sides[1]) + "; give a smaller --box");
     }
     return box;
 }
@@ -84,7 +56,7 @@ std::string rangeText(ValueRange range) {
                                  : numberText(range.min) + " .. " + numberText(range.max);
 }
 
-/// Returns the values that are foreground, and prints them.
+// Returns the values that are foreground, and prints them.
 ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
     ValueRange const found = computeValueRange(volume, options.source.path.string());
     bool const isAutomatic = !options.min && !options.max;
@@ -117,10 +89,7 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
         Progress progress("threshold");
         return makeBinaryVolume(volume, range, box, progress);
     }();
-    Scan scan{std::move(binary),
-              {box.first[0], box.first[1], box.first[2]},
-              {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1},
-              static_cast<unsigned int>(options.step)};
+    Scan scan{std::move(binary), static_cast<unsigned int>(options.step)};
     if (scan.binary.foreground == 0) {
         throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
                         " (--min, --max), found none");
@@ -131,8 +100,10 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
 
 GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan const& scan,
                  GLObjectList const& objects) {
+    Progress progress("counting");
+    progress.announce();
     GLDataInfo info;
-    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
+    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(), objects,
                   info);
     if (info.primitives() == 0) {
         throw UserError("--step " + std::to_string(options.step) + ": expected a step that meets the foreground");
@@ -142,19 +113,7 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     return info;
 }
 
-GLuint compile(Scan const& scan, GLObjectList const& objects, GLDataInfo const& info) {
-    Progress progress("scanning");
-    GLuint const list = glGenLists(1);
-    GLPolygonConsumer consumer(static_cast<int>(list));
-    ProgressAggregator aggregator(consumer, info.primitives(), progress);
-    if (!wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, scan.origin, scan.extent, objects,
-                    aggregator)) {
-        throw UserError("not enough memory for the surface");
-    }
-    return list;
-}
-
-/// Draws the surface of every system into its panel.
+// Draws the surface of every system into its panel.
 class PanelPainter {
   public:
     PanelPainter(RenderOptions const& options, Scan const& scan, Volume const& geometry, int samples)
@@ -162,15 +121,17 @@ class PanelPainter {
 
     void draw(std::size_t i, GLObjectList const& objects, GLDataInfo const& info, StageTimer& timer) {
         Panel const panel = panelOf(_options.size, i, _options.systems.size());
-        GLuint const surface = timer.run("scan", [&] { return compile(_scan, objects, info); });
+        std::vector<GLuint> lists = timer.run("scan", [&] { return compileSurface(_scan, objects, info); });
         timer.run("draw", [&] {
-            bool const isAlone = _options.systems.size() == 1;
-            GLuint const list =
-                isAlone ? surface : compileLabelled(surface, _options.systems[i].name, panel.size, _samples);
+            if (_options.systems.size() > 1) {
+                lists.push_back(compileLabel(_options.systems[i].name, panel.size, _samples));
+            }
             Camera const camera = frameForeground(_scan.binary, _geometry, _scan.step, _options.view, panel.size);
-            placePanel(drawSurface(list, camera, panel.size, _samples), panel, _options.size, _picture);
+            placePanel(drawSurface(lists, camera, panel.size, _samples), panel, _options.size, _picture);
         });
-        glDeleteLists(surface, 1);
+        for (GLuint const list : lists) {
+            glDeleteLists(list, 1);
+        }
     }
 
     [[nodiscard]] Picture const& picture() const { return _picture; }

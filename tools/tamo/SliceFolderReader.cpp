@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Orders names as a person counts: the numbers in them by value, so that slice 9 comes before slice 10.
+// Orders names as a person counts: the numbers in them by value, so that slice 9 comes before slice 10.
 bool isBefore(std::string const& a, std::string const& b) {
     std::size_t i = 0;
     std::size_t j = 0;
@@ -61,7 +61,7 @@ std::string sliceFormat(fs::path const& path) {
     return extension == ".tif" || extension == ".tiff" ? "TIFF" : "";
 }
 
-/// Reads one picture; false where it is damaged. VTK passes on what libpng says only as a message.
+// Reads one picture; false where it is damaged. VTK passes on what libpng says only as a message.
 bool readPng(vtkPNGReader& reader, fs::path const& path) {
     QuietLibraries const quiet;
     reader.SetFileName(path.c_str());
@@ -69,7 +69,7 @@ bool readPng(vtkPNGReader& reader, fs::path const& path) {
     return !quiet.hasVtkError() && reader.GetErrorCode() == 0 && reader.GetOutput()->GetScalarPointer() != nullptr;
 }
 
-/// Tells whether the last chunk of a PNG file stands where it should: the reader does not miss it.
+// Tells whether the last chunk of a PNG file stands where it should: the reader does not miss it.
 bool endsLikePng(fs::path const& path) {
     constexpr std::array<char, 8> kEnd{'I', 'E', 'N', 'D', '\xAE', '\x42', '\x60', '\x82'};
     std::ifstream file(path, std::ios::binary | std::ios::ate);
@@ -105,7 +105,7 @@ Volume readPngSlices(std::vector<fs::path> const& slices, Progress& progress) {
             throw UserError(path.string() + ": expected the size and type of " + slices.front().string());
         }
         // VTK begins a picture with its bottom row.
-        auto const rowBytes = static_cast<std::size_t>(size[0] * slice.GetScalarSize());
+        auto const rowBytes = static_cast<std::size_t>(size[0]) * static_cast<std::size_t>(slice.GetScalarSize());
         for (int y = 0; y < size[1]; ++y) {
             std::memcpy(rowAddress(*volume.image, y, z), rowAddress(slice, size[1] - 1 - y, 0), rowBytes);
         }

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Makes Linux forget the largest resident size so far, so that each stage has a peak of its own.
+// Makes Linux forget the largest resident size so far, so that each stage has a peak of its own.
 void resetPeakMemory() { std::ofstream("/proc/self/clear_refs") << "5"; }
 
 std::uint64_t peakMemory() {

@@ -14,8 +14,8 @@ constexpr double kHeight = 6;
 constexpr double kGlyphWidth = 4;
 constexpr double kAdvance = 6;
 
-/// Returns the strokes of a letter: lines from point to point, a point being two digits, x 0 to 4 and y 0 to 6; a space
-/// lifts the pen.
+// Returns the strokes of a letter: lines from point to point, a point being two digits, x 0 to 4 and y 0 to 6; a space
+// lifts the pen.
 char const* strokesOf(char letter) {
     constexpr char const* kDigits[] = {"103041453616050110",   "152620 1030", "05163645440040",
                                        "064624344341301001",   "30360242",    "460604344341301001",

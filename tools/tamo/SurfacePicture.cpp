@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "SurfacePicture.h"
 
+#include "Progress.h"
 #include "UserError.h"
 
 #include <GL/gl.h>
@@ -39,7 +40,6 @@ void setScene(Camera const& camera) {
     glClearColor(kBackground, kBackground, kBackground, 1.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     glEnable(GL_DEPTH_TEST);
-    glFrontFace(camera.isMirrored ? GL_CW : GL_CCW);
     glMatrixMode(GL_PROJECTION);
     glLoadMatrixd(camera.projection.data());
 
@@ -55,7 +55,19 @@ void setScene(Camera const& camera) {
     glLoadMatrixd(camera.modelView.data());
 }
 
-/// Averages each square of `samples` x `samples` pixels of red, green, blue and a byte that is not used.
+void drawLists(std::vector<unsigned int> const& displayLists) {
+    Progress progress("drawing");
+    progress.update(0);
+    double drawn = 0;
+    for (unsigned int const list : displayLists) {
+        glCallList(list);
+        // What is only queued is not drawn yet, and the queue takes memory.
+        glFinish();
+        progress.update(++drawn / static_cast<double>(displayLists.size()));
+    }
+}
+
+// Averages each square of `samples` x `samples` pixels of red, green, blue and a byte that is not used.
 Picture reduce(std::vector<unsigned char> const& drawn, PictureSize size, int samples) {
     Picture picture{size, {}};
     picture.pixels.reserve(std::size_t{3} * static_cast<std::size_t>(size.width) *
@@ -93,12 +105,13 @@ int chooseSamples(PictureSize size) {
     return samples;
 }
 
-Picture drawSurface(unsigned int displayList, Camera const& camera, PictureSize size, int samples) {
+Picture drawSurface(std::vector<unsigned int> const& displayLists, Camera const& camera, PictureSize size,
+                    int samples) {
     int const width = size.width * samples;
     int const height = size.height * samples;
     glViewport(0, 0, width, height);
     setScene(camera);
-    glCallList(displayList);
+    drawLists(displayLists);
 
     std::vector<unsigned char> drawn(std::size_t{4} * static_cast<std::size_t>(width) *
                                      static_cast<std::size_t>(height));

@@ -18,8 +18,9 @@ struct Picture {
 /// that is too large.
 int chooseSamples(PictureSize size);
 
-/// Draws a display list of a surface in the current context, lit from the viewer's upper left, and reads it back. The
-/// context's picture measures `samples` times `size`. Throws `UserError` where OpenGL reports an error.
-Picture drawSurface(unsigned int displayList, Camera const& camera, PictureSize size, int samples);
+/// Draws the display lists of a surface, one behind the other, in the current context, lit from the viewer's upper
+/// left, and reads the picture back. The context's picture measures `samples` times `size`. Shows how many lists are
+/// drawn. Throws `UserError` where OpenGL reports an error.
+Picture drawSurface(std::vector<unsigned int> const& displayLists, Camera const& camera, PictureSize size, int samples);
 
 } // namespace tamo

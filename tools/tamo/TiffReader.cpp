@@ -65,7 +65,7 @@ template <typename T> T tagValue(TIFF* file, std::uint32_t tag) {
     return value;
 }
 
-/// Describes the current page, which has to be one of numbers, one a pixel.
+// Describes the current page, which has to be one of numbers, one a pixel.
 Page currentPage(TIFF* file, fs::path const& path) {
     auto const bits = tagValue<std::uint16_t>(file, TIFFTAG_BITSPERSAMPLE);
     auto const format = tagValue<std::uint16_t>(file, TIFFTAG_SAMPLEFORMAT);
@@ -133,7 +133,7 @@ void readPage(TIFF* file, Page const& page, vtkImageData& image, int z, fs::path
     }
 }
 
-/// Counts the pages, all of which have to be like the first; leaves the first one current.
+// Counts the pages, all of which have to be like the first; leaves the first one current.
 int countPages(TIFF* file, Page const& first, fs::path const& path) {
     int pages = 1;
     while (TIFFLastDirectory(file) == 0) {

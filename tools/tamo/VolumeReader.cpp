@@ -119,7 +119,13 @@ unsigned char* rowAddress(vtkImageData& image, int y, int z) {
 }
 
 Volume readVolume(VolumeSource const& source, Progress& progress) {
-    Volume volume = readAny(source, progress);
+    Volume volume = [&] {
+        try {
+            return readAny(source, progress);
+        } catch (std::bad_alloc const&) {
+            throw UserError(source.path.string() + ": expected a volume that fits into memory");
+        }
+    }();
     volume.spacing = source.spacing.value_or(volume.spacing);
     checkVolume(volume, source.path.string());
     return volume;

@@ -8,7 +8,11 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
 #include <fstream>
+#include <string>
 #include <vector>
 
 namespace {
@@ -31,7 +35,7 @@ void reverseScalars(unsigned char* data, std::uint64_t bytes, int scalarBytes) {
     throw UserError(path.string() + ": expected " + expected + "; the file is damaged or truncated");
 }
 
-/// Expands a zlib or gzip stream piece by piece.
+// Expands a zlib or gzip stream piece by piece.
 class Expander {
   public:
     Expander(fs::path const& path, std::uint64_t start) : _file(path, std::ios::binary), _input(1 << 16) {
@@ -44,7 +48,7 @@ class Expander {
     Expander(Expander const&) = delete;
     Expander& operator=(Expander const&) = delete;
 
-    /// Writes the next `bytes` bytes; false where the stream is damaged or ends before.
+    // Writes the next `bytes` bytes; false where the stream is damaged or ends before.
     bool read(unsigned char* output, unsigned int bytes) {
         _stream.next_out = output;
         _stream.avail_out = bytes;
@@ -54,7 +58,7 @@ class Expander {
         return _stream.avail_out == 0;
     }
 
-    /// Reads on to the stream's end and its check sum; returns whether they are as they should be.
+    // Reads on to the stream's end and its check sum; returns whether they are as they should be.
     bool finish() {
         std::vector<unsigned char> rest(1 << 16);
         while (_isGood && !_isAtEnd) {
@@ -78,7 +82,7 @@ class Expander {
         _isGood = result == Z_OK || (_isAtEnd && startNextMember());
     }
 
-    /// A gzip file may consist of several streams, one behind the other.
+    // A gzip file may consist of several streams, one behind the other.
     bool startNextMember() {
         bool const isMore = _stream.avail_in > 1 && _stream.next_in[0] == 0x1F && _stream.next_in[1] == 0x8B;
         if (isMore) {
@@ -97,7 +101,7 @@ class Expander {
 
 std::string bytesOfVoxels(Volume const& volume) { return std::to_string(voxelBytes(volume)) + " bytes of voxels"; }
 
-/// Fills the image row by row through `read(address, bytes)`, which tells whether it got them all.
+// Fills the image row by row through `read(address, bytes)`, which tells whether it got them all.
 template <typename Read> void readRows(Volume& volume, VoxelLocation const& location, Read&& read, Progress& progress) {
     int const scalarBytes = volume.image->GetScalarSize();
     auto const rowBytes = static_cast<unsigned int>(volume.size[0]) * static_cast<unsigned int>(scalarBytes);
@@ -140,26 +144,43 @@ void readCompressed(Volume& volume, VoxelLocation const& location, Progress& pro
     }
 }
 
+// Reads a number of the type T from the whole of `word`; false where it is none, or none that T holds.
+template <typename T> bool parse(std::string const& word, T& value) {
+    if constexpr (std::is_floating_point_v<T>) {
+        // Unlike a stream this knows "nan" and "inf". Numbers too small for the type come close to 0.
+        char* end = nullptr;
+        if constexpr (sizeof(T) == sizeof(float)) {
+            value = std::strtof(word.c_str(), &end);
+        } else {
+            value = std::strtod(word.c_str(), &end);
+        }
+        bool const isNamed = word.find_first_of("nN") != std::string::npos;
+        return end == word.data() + word.size() && (std::isfinite(value) || isNamed);
+    } else {
+        // Unlike a stream this takes a byte for a number, and no negative number for a large one.
+        bool const hasPlus = word.size() > 1 && word[0] == '+' && word[1] != '-';
+        char const* const end = word.data() + word.size();
+        auto const result = std::from_chars(word.data() + (hasPlus ? 1 : 0), end, value);
+        return result.ec == std::errc() && result.ptr == end;
+    }
+}
+
 void readText(Volume& volume, VoxelLocation const& location, Progress& progress) {
     std::ifstream file(location.path);
     file.seekg(static_cast<std::streamoff>(location.start));
     visitScalarType(volume.image->GetScalarType(), [&](auto const* null) {
         using T = std::remove_cv_t<std::remove_pointer_t<decltype(null)>>;
-        // A byte is a number here, not a letter.
-        using Number = std::conditional_t<sizeof(T) == 1, int, T>;
+        std::string word;
         for (int z = 0; z < volume.size[2]; ++z) {
             auto* const slice = reinterpret_cast<T*>(rowAddress(*volume.image, 0, z));
-            std::for_each_n(slice, std::ptrdiff_t{volume.size[0]} * volume.size[1], [&file](T& voxel) {
-                Number number{};
-                file >> number;
-                voxel = static_cast<T>(number);
+            std::for_each_n(slice, std::ptrdiff_t{volume.size[0]} * volume.size[1], [&](T& voxel) {
+                if (!(file >> word) || !parse(word, voxel)) {
+                    throwIncomplete(location.path, "a number of the voxels' type for each");
+                }
             });
             progress.update((z + 1.0) / volume.size[2]);
         }
     });
-    if (!file) {
-        throwIncomplete(location.path, "a number for each voxel");
-    }
 }
 
 } // namespace
@@ -175,6 +196,11 @@ void readVoxels(Volume& volume, VoxelLocation const& location, Progress& progres
     case VoxelEncoding::Text:
         return readText(volume, location, progress);
     }
+}
+
+std::uint64_t startOfLastBytes(fs::path const& path, std::uint64_t bytes) {
+    std::uint64_t const fileBytes = fs::file_size(path);
+    return fileBytes > bytes ? fileBytes - bytes : 0;
 }
 
 void checkGzipFile(fs::path const& path) {

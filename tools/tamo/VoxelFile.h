@@ -31,6 +31,9 @@ struct VoxelLocation {
 /// Fills the volume's image, which has to be allocated. Throws `UserError` for a file that does not hold all of it.
 void readVoxels(Volume& volume, VoxelLocation const& location, Progress& progress);
 
+/// Returns where the last `bytes` bytes of a file begin, 0 where it has fewer.
+std::uint64_t startOfLastBytes(std::filesystem::path const& path, std::uint64_t bytes);
+
 /// Throws `UserError` for a gzip file that does not expand to its end.
 void checkGzipFile(std::filesystem::path const& path);
 

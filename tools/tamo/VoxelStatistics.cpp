@@ -16,7 +16,7 @@ namespace {
 
 using namespace tamo;
 
-/// Calls `visit` with every voxel's stored number.
+// Calls `visit` with every voxel's stored number.
 template <typename Visit> void forEachVoxel(Volume const& volume, Visit&& visit) {
     visitScalarType(volume.image->GetScalarType(), [&](auto const* null) {
         auto const* const first = reinterpret_cast<decltype(null)>(rowAddress(*volume.image, 0, 0));
@@ -24,7 +24,7 @@ template <typename Visit> void forEachVoxel(Volume const& volume, Visit&& visit)
     });
 }
 
-/// Returns the number of the bin that the lower class ends with.
+// Returns the number of the bin that the lower class ends with.
 std::size_t splitHistogram(std::vector<double> const& histogram) {
     double total = 0;
     double sum = 0;

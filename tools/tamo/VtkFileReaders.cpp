@@ -29,7 +29,7 @@ void showProgress(vtkObject* caller, unsigned long, void* progress, void*) {
     static_cast<Progress*>(progress)->update(static_cast<vtkAlgorithm*>(caller)->GetProgress());
 }
 
-/// Runs a VTK reader to its end; returns whether it and everything below it went without an error.
+// Runs a VTK reader to its end; returns whether it and everything below it went without an error.
 bool update(vtkAlgorithm& reader, Progress& progress) {
     vtkNew<vtkCallbackCommand> command;
     command->SetCallback(showProgress);
@@ -60,7 +60,7 @@ Volume makeVolume(vtkImageData* image, std::string const& format, std::filesyste
     return volume;
 }
 
-/// Takes the direction cosines from the columns of a matrix, whatever their lengths.
+// Takes the direction cosines from the columns of a matrix, whatever their lengths.
 template <typename Matrix> void setAxes(Volume& volume, Matrix const& matrix) {
     for (int axis = 0; axis < 3; ++axis) {
         Vector3 const column{matrix.GetElement(0, axis), matrix.GetElement(1, axis), matrix.GetElement(2, axis)};
@@ -71,7 +71,7 @@ template <typename Matrix> void setAxes(Volume& volume, Matrix const& matrix) {
     }
 }
 
-/// Turns slices that VTK has put into reverse order, so that its axes are right-handed, back into that of the file.
+// Turns slices that VTK has put into reverse order, so that its axes are right-handed, back into that of the file.
 void reverseSlices(Volume& volume) {
     auto const sliceBytes = static_cast<std::ptrdiff_t>(voxelBytes(volume)) / volume.size[2];
     for (int z = 0; z < volume.size[2] / 2; ++z) {
@@ -83,7 +83,13 @@ void reverseSlices(Volume& volume) {
     }
 }
 
-/// Tells whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
+// Tells by its first bytes, as VTK does: a name may lie.
+bool isGzipFile(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return file.get() == 0x1F && file.get() == 0x8B;
+}
+
+// Tells whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
 bool hasClosingTag(std::filesystem::path const& path) {
     std::ifstream file(path, std::ios::binary | std::ios::ate);
     std::string end(static_cast<std::size_t>(std::min<std::streamoff>(file.tellg(), 64)), ' ');
@@ -99,7 +105,7 @@ bool hasClosingTag(std::filesystem::path const& path) {
 namespace tamo {
 
 Volume readNifti(std::filesystem::path const& path, Progress& progress) {
-    if (path.extension() != ".nii") {
+    if (isGzipFile(path)) {
         // VTK does not look at the check sum, and a stream that ends early need not miss a voxel.
         checkGzipFile(path);
     }
@@ -113,8 +119,10 @@ Volume readNifti(std::filesystem::path const& path, Progress& progress) {
         throw UserError(path.string() + ": expected one volume, found a series of " +
                         std::to_string(reader->GetTimeDimension()));
     }
-    // The reader hands out stored values; a slope of 0 means that the file does not scale them.
-    if (reader->GetRescaleSlope() != 0.0) {
+    // The reader hands out stored values; a slope of 0, or one that is no number, means that the file does not scale
+    // them.
+    bool const isFinite = std::isfinite(reader->GetRescaleSlope()) && std::isfinite(reader->GetRescaleIntercept());
+    if (isFinite && reader->GetRescaleSlope() != 0.0) {
         volume.slope = reader->GetRescaleSlope();
         volume.intercept = reader->GetRescaleIntercept();
     }

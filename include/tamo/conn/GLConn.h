@@ -89,8 +89,11 @@ class TAMO_EXPORT GLConn : public NhProp {
     bool handleC41(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg, bool inv,
                    bool sdiag);
 
+    /// Returns the first vertex on a link of the type `type`, an information bit, or `none`.
+    [[nodiscard]] unsigned char findVertexOfType(GLPolygonDesc const& desc, unsigned int type,
+                                                 unsigned char none) const;
     void splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsigned int centreLink, unsigned int shape);
-    unsigned char findPathStart(GLPolygonDesc const& desc, std::array<unsigned int, 3> const& path) const;
+    [[nodiscard]] unsigned char findPathStart(GLPolygonDesc const& desc, std::array<unsigned int, 3> const& path) const;
 
     std::vector<unsigned char> _fgObjects;
     std::vector<unsigned char> _bgObjects;

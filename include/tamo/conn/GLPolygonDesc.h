@@ -14,17 +14,20 @@
 /// Holds a polygon under construction, for one pair of a foreground and a background component of a cell.
 ///
 /// A vertex is the midpoint of a link, named by the link's number, with a slot that keeps its normal. At most 26
-/// vertices. Indices past the link count are checked by the standard library's assertions only.
+/// vertices and one that closes a fan, and never more than links, of which `removeVertex` uses up one. A wrong index is
+/// an error of the program and ends it.
 struct TAMO_EXPORT GLPolygonDesc {
     /// Makes a polygon without vertices over the links whose midpoints `pointTable` lists; the table must outlive it.
     GLPolygonDesc(std::vector<GLVec3f> const& pointTable, unsigned char linkCount);
+    GLPolygonDesc(std::vector<GLVec3f> const&& pointTable, unsigned char linkCount) = delete;
 
     /// Appends the midpoint of link `link`. Returns false, changing nothing, where 26 vertices are in use or there is
     /// no such link.
     bool addVertex(unsigned char link, GLVec3f const& normal);
     /// Removes the first vertex of link `link`; later ones move forward. Returns false where there is none.
     bool removeVertex(unsigned char link);
-    /// Exchanges vertices i and j, their normals included.
+    /// Exchanges vertices i and j, their normals included. Ends the program, with a line on standard error, where i or
+    /// j is not below `count`.
     void swapVertices(unsigned char i, unsigned char j);
 
     /// Returns the position of vertex k, in unit-cell coordinates.
@@ -40,7 +43,8 @@ struct TAMO_EXPORT GLPolygonDesc {
     ///
     /// Vertex `first` becomes the start of the turn. A vertex on the centroid or on the cell centre goes before them
     /// all and `hasCentre` is set; `second`, unless it is 0, then follows `first` unsorted. With `close`, a polygon
-    /// with such a vertex, or a fan, repeats vertex 1 at the end and sets `closed`; else `closed` is cleared.
+    /// with such a vertex, or a fan, repeats vertex 1 at the end and sets `closed`; else `closed` is cleared. Ends the
+    /// program as `swapVertices` does.
     void arrange(unsigned char first, unsigned char second, bool close,
                  std::optional<GLVec3f> const& givenNormal = std::nullopt);
 

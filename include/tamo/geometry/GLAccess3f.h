@@ -7,8 +7,8 @@
 /// Views three consecutive floats that somebody else owns: one vertex position or one normal of a polygon.
 ///
 /// Assignment writes through to the viewed floats; copy construction makes a second view of the same floats. A view
-/// that is const gives no write access. The view becomes invalid when the owner's storage is resized, cleared or
-/// destroyed. Never throws.
+/// that is const gives no write access; a copy of it, which need not be const, does. The view becomes invalid when the
+/// owner's storage is resized, cleared or destroyed. Never throws.
 class GLAccess3f {
   public:
     /// Views `data[0]` to `data[2]`.

@@ -22,14 +22,15 @@ TAMO_EXPORT void GLObjectListForNeighborhood(Neighborhood::NHConfig config, GLOb
 /// Scans a box of a binary volume and hands the surface to `aggregator`, cell by cell, in a fixed order.
 ///
 /// Voxel (x, y, z) is `data[x * increments.x + y * increments.y + z * increments.z]`, computed in 64 bits; each must be
-/// 1 (foreground) or 0 (background). The box starts at `origin` and measures `extent` voxels; its samples lie `step`
-/// voxels apart, and beyond the outermost ones all is background, so that the surface closes there. A cell's polygons
-/// come from `objects` (256 slots, see `GLObjectListForNeighborhood`), scaled by `step`; its position is that of its
-/// lower corner in volume coordinates. The caller's list is handed out itself for step 1 and never changed by the scan.
+/// 1 (foreground) or 0 (background). The box starts at `origin` and measures `extent` voxels, read as unsigned; its
+/// samples lie `step` voxels apart, and beyond the outermost ones all is background, so that the surface closes there.
+/// A cell's polygons come from `objects` (256 slots, see `GLObjectListForNeighborhood`), scaled by `step`; its position
+/// is that of its lower corner in volume coordinates. The caller's list is handed out itself for step 1 and never
+/// changed by the scan.
 ///
-/// `aggregator` always receives `start` and `finish`. Returns false for a list without 256 slots, a step that is 0 or
-/// larger than any side of `extent`, null `data`, and, with "wrapGlobal alloc error" on standard error, where the
-/// scaled list cannot be allocated. Throws only what the receiver throws.
+/// `aggregator` always receives `start` and, unless it throws, `finish`. Returns false for a list without 256 slots, a
+/// step that is 0 or larger than any side of `extent`, null `data`, and, with "wrapGlobal alloc error" on standard
+/// error, where the scaled list or the scan's work space cannot be allocated. Throws only what the receiver throws.
 TAMO_EXPORT bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
                             GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
                             IPolygonAggregator& aggregator);
@@ -41,8 +42,8 @@ TAMO_EXPORT bool wrapGlobal(Kade::CImage const& image, unsigned int step, GLObje
 /// Counts what `wrapGlobal` with the same arguments would produce, and writes it to `info`.
 ///
 /// Every cell counts, so polygons in slots 0 and 255, which `wrapGlobal` never emits, count too. Returns false, leaving
-/// `info` as it was, where `wrapGlobal` would refuse its arguments, or where its work space cannot be allocated. Never
-/// throws.
+/// `info` as it was, where `wrapGlobal` would refuse its arguments. Without memory for its work space it counts all the
+/// same, many times slower. Never throws.
 TAMO_EXPORT bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
                                GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
                                GLDataInfo& info);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Keeps the range of cell positions, which tells where along each axis the library found the voxel.
+// Keeps the range of cell positions, which tells where along each axis the library found the voxel.
 class CellRange : public IPolygonAggregator {
   public:
     void fetch(GLObject&, GLCoord3f const& offset) override {
