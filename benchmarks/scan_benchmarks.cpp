@@ -5,6 +5,8 @@
 #include "Receivers.h"
 #include "registrations.h"
 
+#include "../src/surface/SlabReader.h"
+
 #include <benchmark/benchmark.h>
 
 #include <functional>
@@ -117,6 +119,23 @@ void infoPlainly(benchmark::State& state, plain::ScanArguments const& a) {
     }
 }
 
+/// Reads all slabs as a scan does, and looks at none of them.
+void read(benchmark::State& state, plain::ScanArguments const& a) {
+    SampleGrid const grid = makeSampleGrid(a.data, a.increments, a.step, a.origin, a.extent);
+    SlabReader const reader(grid);
+    std::int64_t const octets = grid.count.z / kTileSide + 1;
+    std::int64_t const size = reader.slabsPerRead() + 1;
+    std::int64_t const slabSize = (tilesFor(grid.count.x) + 1) * octets;
+    std::vector<BitTile> tiles(static_cast<std::size_t>(size * slabSize));
+    SlabRing const ring{tiles.data(), size, slabSize, octets};
+    for (auto _ : state) {
+        for (std::int64_t y = 0; y < grid.count.y; y += reader.slabsFrom(y)) {
+            reader.read(y, reader.slabsFrom(y), ring);
+            benchmark::DoNotOptimize(tiles.data());
+        }
+    }
+}
+
 /// A group of benchmarks of one volume.
 class Group {
   public:
@@ -131,9 +150,13 @@ class Group {
         });
     }
     void addScans(unsigned int step) const {
-        addScan("wrap", step, [](auto& state, auto const& a) { count(state, a, wrap); });
-        addScan("info", step, info);
+        // They are compared with each other, and differ by little.
+        constexpr int kRepetitions = 9;
+        addScan(
+            "wrap", step, [](auto& state, auto const& a) { count(state, a, wrap); }, kRepetitions);
+        addScan("info", step, info, kRepetitions);
     }
+    void addReading() const { addScan("read", 1, read); }
     void addCollecting() const {
         addScan("collect", 1, [](auto& state, auto const& a) { collect(state, a, wrap); });
     }
@@ -146,13 +169,18 @@ class Group {
     }
 
   private:
-    template <typename Run> void addScan(char const* what, unsigned int step, Run const& run) const {
-        add(what, step, [run](benchmark::State& state, BenchVolume const& volume, unsigned int byStep) {
+    static constexpr int kLeastRepetitions = 5;
+
+    template <typename Run>
+    void addScan(char const* what, unsigned int step, Run const& run, int repetitions = kLeastRepetitions) const {
+        auto const scan = [run](benchmark::State& state, BenchVolume const& volume, unsigned int byStep) {
             run(state, volume.arguments(byStep));
-        });
+        };
+        add(what, step, scan, repetitions);
     }
 
-    template <typename Run> void add(std::string const& what, unsigned int step, Run const& run) const {
+    template <typename Run>
+    void add(std::string const& what, unsigned int step, Run const& run, int repetitions = kLeastRepetitions) const {
         std::string const name =
             what + '/' + _pattern.name + '/' + std::to_string(_side) + '/' + _layout.name + '/' + std::to_string(step);
         auto const body = [run, step, group = *this](benchmark::State& state) {
@@ -162,7 +190,7 @@ class Group {
         benchmark::RegisterBenchmark(name.c_str(), body)
             ->Unit(benchmark::kMicrosecond)
             ->MinTime(0.02)
-            ->Repetitions(5)
+            ->Repetitions(repetitions)
             ->ReportAggregatesOnly();
     }
 
@@ -186,6 +214,7 @@ void registerFullScans(Pattern const& pattern, int side) {
         bool const isFirstLayout = &layout == &kContiguous[0];
         Group const group(pattern, side, layout);
         group.addMemoryPass();
+        group.addReading();
         for (unsigned int const step : {1U, 2U, 3U}) {
             group.addScans(step);
             // Plain walks of the largest volumes take a second each: those that the targets name are enough.

@@ -88,6 +88,11 @@ def target_rows(run):
         slowest = min(small, key=lambda key: run.ratio(plain, fast, *key))
         yield at_least(f"`{name}`, 2³ to 64³: times faster than the plain walk; worst: {' '.join(slowest)}",
                        run.ratio(plain, fast, *slowest), 1, "")
+    for apart, keys in (("up to 4 bytes apart", [key for key in odd_layouts(run) if not key[2].endswith("7")]),
+                        ("7 bytes apart", [key for key in odd_layouts(run) if key[2].endswith("7")])):
+        slowest = max(keys, key=lambda key: times_contiguous(run, key))
+        yield at_most(f"A sample, {apart}: times contiguous; worst: {name_of_layout(slowest)}",
+                      times_contiguous(run, slowest), 3, "")
     slowest = max(run.keys("list"), key=lambda key: run.time("list", *key))
     yield at_most(f"A list; slowest: {slowest[0]}", run.time("list", *slowest) / 1000, 5, " ms")
 
@@ -99,7 +104,8 @@ def scan_rows(run):
                 key = (pattern, side, axis, 1)
                 if run.has("wrap", *key):
                     yield [f"{pattern}, {side}³, {axis}", f"{100 * run.counter('share', 'wrap', *key):.1f} %",
-                           f"{run.time('memory', *key) / 1000:.2f}", f"{run.ratio('wrap', 'memory', *key):.2f}",
+                           f"{run.time('memory', *key) / 1000:.3f}", f"{run.ratio('read', 'memory', *key):.2f}",
+                           f"{run.ratio('wrap', 'memory', *key):.2f}",
                            run.times_faster("wrap", key), f"{run.ratio('info', 'memory', *key):.2f}",
                            run.times_faster("info", key)]
 
@@ -114,17 +120,28 @@ def nanoseconds_a_sample(run, what, key):
     return 1000 * run.time(what, *key) / (int(key[1]) // int(key[3])) ** 3
 
 
+def odd_layouts(run):
+    steps = [("ball", str(LARGEST), axis, step) for step in "23" for axis in AXES]
+    return steps + [key for key in run.keys("info") if key[1] == "256" and key[2] not in AXES]
+
+
+def times_contiguous(run, key):
+    """The cost of a sample over that of the same volume with its densest axis contiguous and no step."""
+    contiguous = (key[0], key[1], key[2][0], "1")
+    return nanoseconds_a_sample(run, "info", key) / nanoseconds_a_sample(run, "info", contiguous)
+
+
+def name_of_layout(key):
+    name = key[2].replace("_", " ")
+    return f"{name}, step {key[3]}" if key[3] != "1" else name
+
+
 def layout_rows(run):
-    steps = [("ball", str(LARGEST), axis, step) for step in "123" for axis in AXES]
-    odd = [key for key in run.keys("wrap") if key[1] == "256" and key[2] not in AXES]
-    for key in steps + odd:
-        contiguous = (key[0], key[1], key[2][0], "1")
-        cost = nanoseconds_a_sample(run, "info", key)
-        ratio = cost / nanoseconds_a_sample(run, "info", contiguous)
-        name = f"{key[2].replace('_', ' ')}, step {key[3]}" if key[3] != "1" else key[2].replace("_", " ")
-        limit = run.time("memory", *key) if key[3] == "1" else None
-        yield [f"{name}, {key[1]}³", f"{cost:.2f}", f"{ratio:.1f}",
-               f"{run.time('info', *key) / limit:.1f}" if limit else ""]
+    contiguous = [("ball", str(side), axis, "1") for side in (LARGEST, 256) for axis in AXES]
+    for key in contiguous + odd_layouts(run):
+        limit = f"{run.ratio('info', 'memory', *key):.1f}" if key[3] == "1" else ""
+        yield [f"{name_of_layout(key)}, {key[1]}³", f"{nanoseconds_a_sample(run, 'info', key):.2f}",
+               f"{times_contiguous(run, key):.1f}", limit]
 
 
 def small_rows(run):
@@ -155,7 +172,7 @@ def main():
         return 1
     print_table("Targets", ("What", "Measured", "Target", ""), target_rows(run))
     print_table("Scans: memory passes, and times faster than the plain walk",
-                ("Volume, contiguous axis", "Cells fetched", "Memory pass, ms", "`wrapGlobal`, passes", "than plain",
+                ("Volume, contiguous axis", "Cells fetched", "Memory pass, ms", "Reading alone, passes", "`wrapGlobal`, passes", "than plain",
                  "`getGLDataInfo`, passes", "than plain"), scan_rows(run))
     print_table("Collecting positions", ("Volume", "Times counting", "Times faster than plain"), collect_rows(run))
     print_table("Other layouts and steps, `getGLDataInfo`, ball",

@@ -44,7 +44,7 @@ template <unsigned int Distance> struct SampleRun {
         }
         std::uint64_t samples = 0;
         for (unsigned int part = 0; part < Distance; ++part) {
-            samples |= loadEight(first + kLast * part) & mask(part);
+            samples |= loadEight(first + std::size_t{kLast} * part) & mask(part);
         }
         return samples;
     }
