@@ -2,18 +2,34 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "CellScan.h"
 
+#include <new>
+
 namespace tamo {
+
+namespace {
+
+// Sides go up to 2^32 - 1: a size past all memory must fail as an allocation, not wrap around.
+std::int64_t checkedProduct(std::int64_t a, std::int64_t b) {
+    constexpr std::int64_t kPastAllMemory = std::int64_t{1} << 56;
+    std::int64_t product = 0;
+    if (__builtin_mul_overflow(a, b, &product) || product > kPastAllMemory) {
+        throw std::bad_alloc();
+    }
+    return product;
+}
+
+} // namespace
 
 CellScan::CellScan(SampleGrid const& grid) : _grid(grid), _reader(grid), _cut{} {
     // Cell k = n of a column of n samples needs a plane more than there are samples.
     std::int64_t const octets = grid.count.z / kTileSide + 1;
     _ring.octets = octets;
     _ring.size = _reader.slabsPerRead() + 1;
-    // Each row of tiles ends in a block of background, the lanes behind the last.
-    _ring.slabSize = (tilesFor(grid.count.x) + 1) * octets;
-    std::int64_t const sideSize = (tilesFor(grid.count.y) + 1) * octets;
+    // Behind the last lane block of a row stands one more, for the lanes next to the last.
+    _ring.slabSize = checkedProduct(tilesFor(grid.count.x) + 1, octets);
+    std::int64_t const sideSize = checkedProduct(tilesFor(grid.count.y) + 1, octets);
     std::int64_t const room = octets + kTileSide - 1;
-    std::int64_t const tiles = (_ring.size + 1) * _ring.slabSize + 2 * sideSize + (kTileSide + 2) * room;
+    std::int64_t const tiles = checkedProduct(_ring.size + 1, _ring.slabSize) + 2 * sideSize + (kTileSide + 2) * room;
 
     BitTile* next = _small.data();
     if (tiles <= static_cast<std::int64_t>(_small.size())) {

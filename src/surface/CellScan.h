@@ -14,10 +14,10 @@ namespace tamo {
 ///
 /// Slabs of the volume become bits, 64 samples a word; a word's cells are looked at together, and those whose corners
 /// are all alike cost nothing more. Writes nothing but its own work space, which construction allocates: with n(a)
-/// samples along axis a and s slabs a read, (s + 2) n(x) n(z) / 8 + 2 n(y) n(z) / 8 + 10 n(z) bytes, and what rounds
-/// each n up to a multiple of 8. For n = 1024 and s = 8 that is 1.5 MB. Where y is the densest axis, s is 128: 4.3 MB
-/// for n = 512, 17 MB for n = 1024. That does not stay in a cache, but passes through it once; fewer slabs would fetch
-/// the volume itself several times.
+/// samples along axis a and s slabs a read, (s + 2) X Z / 8 + 2 Y Z / 8 + 10 Z + 560 bytes, where X and Y are n(x)
+/// and n(y) rounded up to a multiple of 8, plus 8, and Z is n(z) rounded down, plus 8. For n = 1024 and s = 8 that
+/// is 1.5 MB. Where y is the densest axis, s is 128: 4.3 MB for n = 512, 17 MB for n = 1024. That does not stay in a
+/// cache, but passes through it once; fewer slabs would fetch the volume itself several times.
 class CellScan {
   public:
     /// Throws `std::bad_alloc`.

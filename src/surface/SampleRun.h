@@ -26,8 +26,8 @@ constexpr std::uint64_t packEight(std::uint64_t bytes) {
     return (bytes * 0x0102040810204080U) >> 56U;
 }
 
-/// Eight samples, each `Distance` bytes behind the one before, as the bytes of a word; what lies between is not looked
-/// at, and nothing beyond the last sample is read.
+/// Eight samples, each `Distance` bytes behind the one before, as the bytes of a word; of each, its lowest bit. Bytes
+/// between them are loaded, but do not count; nothing before the first or behind the last is read.
 ///
 /// Loads that start 7 bytes apart meet every sample at a byte of its own, so that no sample has to be shifted. That
 /// leaves them in another order: sample i stands at byte `place(i)`.
@@ -40,7 +40,7 @@ template <unsigned int Distance> struct SampleRun {
 
     static std::uint64_t load(unsigned char const* first) {
         if constexpr (Distance == 1) {
-            return loadEight(first);
+            return loadEight(first) & 0x0101010101010101U;
         }
         std::uint64_t samples = 0;
         for (unsigned int part = 0; part < Distance; ++part) {
@@ -55,7 +55,7 @@ template <unsigned int Distance> struct SampleRun {
         std::uint64_t bytes = 0;
         for (unsigned int i = 0; i <= kLast; ++i) {
             if (i < kLast ? Distance * i / kLast == part : part + 1 == Distance) {
-                bytes |= std::uint64_t{0xFF} << (kTileSide * place(i));
+                bytes |= std::uint64_t{1} << (kTileSide * place(i));
             }
         }
         return bytes;

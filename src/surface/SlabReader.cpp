@@ -232,9 +232,9 @@ BitTile SlabReader::gatherTile(std::int64_t x, std::int64_t y, std::int64_t z) c
         unsigned char const* const bottom = _grid.at(x + lane, y, z);
         unsigned int bits = 0;
         for (std::int64_t j = planes; j-- > 0;) {
-            bits = bits + bits + bottom[j * _grid.stride.z];
+            bits = bits + bits + (bottom[j * _grid.stride.z] & 1U);
         }
-        tile = tile << 8U | (bits & 0xFFU);
+        tile = tile << 8U | bits;
     }
     return tile;
 }

@@ -34,9 +34,9 @@ struct SlabRing {
 
 /// Reads slabs of a sample grid into tiles.
 ///
-/// Reads nothing but samples, and each line of memory once. Samples that are 1 to 4 bytes apart along an axis, forwards
-/// or backwards, are read in runs of eight along that axis; others one by one. A voxel other than 0 and 1 spoils its
-/// own tile and no other.
+/// Reads nothing before the first or behind the last sample of a row. Samples that are 1 to 4 bytes apart along an
+/// axis, forwards or backwards, are read in runs of eight along that axis; others one by one. Of a voxel, the lowest
+/// bit counts. The grid must outlive the reader.
 class SlabReader {
   public:
     explicit SlabReader(SampleGrid const& grid);

@@ -27,7 +27,7 @@ class SmallScan {
             for (std::int64_t x = 0; x < _count.x; ++x) {
                 std::uint64_t samples = 0;
                 for (std::int64_t z = _count.z; z-- > 0;) {
-                    samples = samples << 8U | *grid.at(x, y, z);
+                    samples = samples << 8U | (*grid.at(x, y, z) & 1U);
                 }
                 _columns[place(x, y)] = samples;
             }

@@ -75,7 +75,8 @@ void countUncutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
     for (unsigned int c = 1; c < kFull; c += 2) {
         histogram[kFull] -= histogram[c];
     }
-    auto const cells = static_cast<std::uint64_t>((grid.count.x + 1) * (grid.count.y + 1) * (grid.count.z + 1));
+    auto const cells = static_cast<std::uint64_t>(grid.count.x + 1) * static_cast<std::uint64_t>(grid.count.y + 1) *
+                       static_cast<std::uint64_t>(grid.count.z + 1);
     histogram[0] = cells - std::accumulate(histogram.begin() + 1, histogram.end(), std::uint64_t{0});
 }
 

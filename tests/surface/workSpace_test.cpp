@@ -78,6 +78,36 @@ TEST_F(WorkSpace, AScanWithoutItIsRefusedWithItsMessage) {
     EXPECT_EQ(receiver.fetches, 0);
 }
 
+TEST_F(WorkSpace, MoreThanAnyMemoryIsRefusedWithItsMessage) {
+    // Sides are read as unsigned: these are 2^32 - 1, with y densest, where the work space is largest.
+    StreamCapture const messages(std::cerr);
+    CallCounter receiver;
+    EXPECT_FALSE(wrapGlobal(&voxel, {0, 1, 0}, 1, {0, 0, 0}, {-1, 200, -1}, list, receiver));
+    EXPECT_EQ(messages.text(), "wrapGlobal alloc error\n");
+    EXPECT_EQ(receiver.finishes, 1);
+}
+
+TEST_F(WorkSpace, OddVoxelsCountAndOthersDoNotWhateverElseTheyHold) {
+    for (int const side : {3, 8, 9, 40}) {
+        auto const size = static_cast<std::size_t>(side);
+        std::vector<unsigned char> clean(size * size * size);
+        std::vector<unsigned char> dirty(clean.size());
+        for (std::size_t i = 0; i < clean.size(); ++i) {
+            dirty[i] = static_cast<unsigned char>(i * 37 % 251);
+            clean[i] = dirty[i] % 2;
+        }
+        for (GLtVec3<int> const increments :
+             {GLtVec3<int>{1, side, side * side}, {side, 1, side * side}, {side * side, side, 1}, {0, 0, side}}) {
+            GLDataInfo expected;
+            GLDataInfo info;
+            GLtVec3<int> const box = {side, side, side};
+            EXPECT_TRUE(getGLDataInfo(clean.data(), increments, 1, {0, 0, 0}, box, list, expected));
+            EXPECT_TRUE(getGLDataInfo(dirty.data(), increments, 1, {0, 0, 0}, box, list, info));
+            EXPECT_EQ(info.vertices(), expected.vertices());
+        }
+    }
+}
+
 TEST_F(WorkSpace, ACountWithoutItIsTheSame) {
     // Every third voxel along x, every fifth along y: cells of several kinds, and ragged ends.
     std::vector<unsigned char> voxels(50 * 41 * 33);
