@@ -20,7 +20,7 @@ Cube makeEmpty(int side) {
     return {side, std::vector<unsigned char>(n * n * n)};
 }
 
-/// Sets the voxels of a ball, as far as it lies in the cube; returns how many were not set before.
+// Sets the voxels of a ball, as far as it lies in the cube; returns how many were not set before.
 std::size_t addBall(Cube& cube, std::array<double, 3> const& center, double radius) {
     auto const low = [&](double c) { return std::max(0, static_cast<int>(std::ceil(c - radius))); };
     auto const high = [&](double c) { return std::min(cube.side - 1, static_cast<int>(std::floor(c + radius))); };

@@ -8,8 +8,8 @@ namespace tamo::bench {
 
 namespace {
 
-/// Sums up to 248 words of bytes of 0 and 1: all bytes of a word at once, none of which can overflow, and compilers
-/// take several words at once.
+// Sums up to 248 words of bytes of 0 and 1: all bytes of a word at once, none of which can overflow, and compilers
+// take several words at once.
 std::uint64_t sumWords(unsigned char const* bytes, std::size_t words) {
     std::uint64_t sums = 0;
     for (std::size_t i = 0; i < words; ++i) {

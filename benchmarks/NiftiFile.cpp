@@ -13,7 +13,7 @@ namespace tamo::bench {
 
 namespace {
 
-/// The fixed part of a file, of which the fields at these places matter here.
+// The fixed part of a file, of which the fields at these places matter here.
 class Header {
   public:
     static constexpr std::size_t kSize = 348;

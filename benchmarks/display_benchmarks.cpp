@@ -16,10 +16,10 @@ namespace tamo::bench {
 
 namespace {
 
-/// Half the resolution of the demo's brain, some million polygons: all of them would take gigabytes of display list.
+// Half the resolution of the demo's brain, some million polygons: all of them would take gigabytes of display list.
 constexpr int kSide = 256;
 
-/// Moves polygons as the consumer does and stops short of OpenGL: what the library itself spends.
+// Moves polygons as the consumer does and stops short of OpenGL: what the library itself spends.
 class MovingReceiver : public IPolygonAggregator {
   public:
     void fetch(GLObject& object, GLCoord3f const& offset) override {
@@ -34,7 +34,7 @@ class MovingReceiver : public IPolygonAggregator {
     std::uint64_t polygons = 0;
 };
 
-/// Keeps all polygons, moved to their places, ready for OpenGL.
+// Keeps all polygons, moved to their places, ready for OpenGL.
 class PreparingReceiver : public IPolygonAggregator {
   public:
     void fetch(GLObject& object, GLCoord3f const& offset) override {
@@ -47,7 +47,7 @@ class PreparingReceiver : public IPolygonAggregator {
     }
     void fetch(GLObject& /*object*/) override {}
 
-    /// Makes the calls of OpenGL that the consumer makes.
+    // Makes the calls of OpenGL that the consumer makes.
     void draw() const {
         for (std::size_t i = 0; i < _starts.size(); ++i) {
             std::size_t const end = i + 1 < _starts.size() ? _starts[i + 1] : _floats.size();
@@ -62,7 +62,7 @@ class PreparingReceiver : public IPolygonAggregator {
     std::vector<GLenum> _modes;
 };
 
-/// A brain, its list, and a context to draw it in; made when a benchmark first needs it.
+// A brain, its list, and a context to draw it in; made when a benchmark first needs it.
 class Scene {
   public:
     explicit Scene(std::string const& brainFile)

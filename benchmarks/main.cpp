@@ -7,7 +7,7 @@
 #include <exception>
 #include <iostream>
 
-/// Runs the benchmarks; the one argument besides Google Benchmark's own is the file of a brain (NIfTI-1).
+// Runs the benchmarks; the one argument besides Google Benchmark's own is the file of a brain (NIfTI-1).
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (argc > 2) {

@@ -19,14 +19,14 @@ namespace {
 struct Pattern {
     char const* name;
     std::function<Cube(int side)> make;
-    /// Whether targets are set for this pattern in all layouts.
+    // Whether targets are set for this pattern in all layouts.
     bool isTarget;
 };
 
 constexpr int kLargest = 512;
 
 constexpr Layout kContiguous[] = {{"x", {0, 1, 2}, 1, 0}, {"y", {1, 0, 2}, 1, 0}, {"z", {2, 1, 0}, 1, 0}};
-/// Layouts that a caller may have as well: parts of a larger volume, colours beside each other, all of it mirrored.
+// Layouts that a caller may have as well: parts of a larger volume, colours beside each other, all of it mirrored.
 constexpr Layout kOdd[] = {{"y_z_x", {1, 2, 0}, 1, 0},   {"x_z_y", {0, 2, 1}, 1, 0},   {"z_x_y", {2, 0, 1}, 1, 0},
                            {"x_gaps", {0, 1, 2}, 1, 27}, {"y_gaps", {1, 0, 2}, 1, 27}, {"z_gaps", {2, 1, 0}, 1, 27},
                            {"x_back", {0, 1, 2}, -1, 0}, {"y_back", {1, 0, 2}, -1, 0}, {"z_back", {2, 1, 0}, -1, 0},
@@ -35,8 +35,8 @@ constexpr Layout kOdd[] = {{"y_z_x", {1, 2, 0}, 1, 0},   {"x_z_y", {0, 2, 1}, 1,
                            {"x_by_4", {0, 1, 2}, 4, 0},  {"y_by_4", {1, 0, 2}, 4, 0},  {"z_by_4", {2, 1, 0}, 4, 0},
                            {"x_by_7", {0, 1, 2}, 7, 0},  {"y_by_7", {1, 0, 2}, 7, 0},  {"z_by_7", {2, 1, 0}, 7, 0}};
 
-/// The volume that the running benchmark needs: made when a benchmark first asks for it, then kept for those that
-/// follow, so that one large volume at a time is in memory.
+// The volume that the running benchmark needs: made when a benchmark first asks for it, then kept for those that
+// follow, so that one large volume at a time is in memory.
 class Stage {
   public:
     BenchVolume const& volume(Pattern const& pattern, int side, Layout const& layout) {
@@ -55,7 +55,7 @@ class Stage {
         return *_volume;
     }
 
-    /// Returns the list that scans use.
+    // Returns the list that scans use.
     GLObjectList const& objects() {
         if (_objects.size() == 0) {
             GLObjectListForNeighborhood(Neighborhood::N14II, _objects);
@@ -119,7 +119,7 @@ void infoPlainly(benchmark::State& state, plain::ScanArguments const& a) {
     }
 }
 
-/// Reads all slabs as a scan does, and looks at none of them.
+// Reads all slabs as a scan does, and looks at none of them.
 void read(benchmark::State& state, plain::ScanArguments const& a) {
     SampleGrid const grid = makeSampleGrid(a.data, a.increments, a.step, a.origin, a.extent);
     SlabReader const reader(grid);
@@ -136,7 +136,7 @@ void read(benchmark::State& state, plain::ScanArguments const& a) {
     }
 }
 
-/// A group of benchmarks of one volume.
+// A group of benchmarks of one volume.
 class Group {
   public:
     Group(Pattern pattern, int side, Layout const& layout)
