@@ -23,7 +23,7 @@ std::uint64_t countForeground(tamo::SampleGrid const& grid) {
     for (std::int64_t z = 0; z < grid.count.z; ++z) {
         for (std::int64_t y = 0; y < grid.count.y; ++y) {
             for (std::int64_t x = 0; x < grid.count.x; ++x) {
-                sum += *grid.at(x, y, z);
+                sum += *grid.at(x, y, z) & 1U;
             }
         }
     }
@@ -34,7 +34,7 @@ std::uint64_t countForeground(tamo::SampleGrid const& grid) {
 void countEachCell(tamo::SampleGrid const& grid, Histogram& histogram) {
     auto const sample = [&grid](std::int64_t x, std::int64_t y, std::int64_t z) {
         bool const isInGrid = x >= 0 && y >= 0 && z >= 0 && x < grid.count.x && y < grid.count.y && z < grid.count.z;
-        return isInGrid ? *grid.at(x, y, z) : 0U;
+        return isInGrid ? *grid.at(x, y, z) & 1U : 0U;
     };
     for (std::int64_t z = -1; z < grid.count.z; ++z) {
         for (std::int64_t y = -1; y < grid.count.y; ++y) {
@@ -43,7 +43,7 @@ void countEachCell(tamo::SampleGrid const& grid, Histogram& histogram) {
                 for (unsigned int corner = 0; corner < 8; ++corner) {
                     configuration |= sample(x + (corner & 1U), y + (corner >> 1U & 1U), z + (corner >> 2U)) << corner;
                 }
-                ++histogram[configuration & kFull];
+                ++histogram[configuration];
             }
         }
     }

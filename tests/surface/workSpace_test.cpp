@@ -88,6 +88,8 @@ TEST_F(WorkSpace, MoreThanAnyMemoryIsRefusedWithItsMessage) {
 }
 
 TEST_F(WorkSpace, OddVoxelsCountAndOthersDoNotWhateverElseTheyHold) {
+    list[0]->push_back(new GLPolygon(3U));
+    list[255]->push_back(new GLPolygon(4U));
     for (int const side : {3, 8, 9, 40}) {
         auto const size = static_cast<std::size_t>(side);
         std::vector<unsigned char> clean(size * size * size);
