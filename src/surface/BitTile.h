@@ -39,6 +39,14 @@ constexpr BitTile lowered(BitTile tile, unsigned int planes) {
 /// Moves every lane of a tile down by one; the last comes from the front of the tile behind.
 constexpr BitTile shiftedLanes(BitTile tile, BitTile behind) { return tile >> 8U | behind << 56U; }
 
+/// Returns how many of a tile's bits are set.
+constexpr std::uint64_t countBits(BitTile tile) {
+    tile -= tile >> 1U & 0x5555555555555555U;
+    tile = (tile & 0x3333333333333333U) + (tile >> 2U & 0x3333333333333333U);
+    tile = (tile + (tile >> 4U)) & 0x0F0F0F0F0F0F0F0FU;
+    return (tile * 0x0101010101010101U) >> 56U;
+}
+
 /// Exchanges a tile's lanes and planes.
 constexpr BitTile transposedTile(BitTile tile) {
     constexpr BitTile kPairs = 0x00AA00AA00AA00AAU;

@@ -70,6 +70,21 @@ void CellScan::keepBorder(std::int64_t y) {
 }
 
 void CellScan::count(std::array<std::uint64_t, 256>& histogram) {
+    countCells(histogram, [](BitTile const*) {});
+}
+
+std::uint64_t CellScan::countWithForeground(std::array<std::uint64_t, 256>& histogram) {
+    std::uint64_t foreground = 0;
+    countCells(histogram, [this, &foreground](BitTile const* slab) {
+        for (std::int64_t tile = 0; tile < _ring.slabSize; ++tile) {
+            foreground += countBits(slab[tile]);
+        }
+    });
+    return foreground;
+}
+
+template <typename TakeSlab>
+void CellScan::countCells(std::array<std::uint64_t, 256>& histogram, TakeSlab const& takeSlab) {
     // Neighbouring cells are often alike: counters of their own keep an increment from waiting for the one before it.
     std::array<std::array<std::uint64_t, 256>, 4> counters{};
     auto const take = [&counters](CutTiles& cut, std::int64_t) {
@@ -81,7 +96,7 @@ void CellScan::count(std::array<std::uint64_t, 256>& histogram) {
             }
         }
     };
-    forEachBlock(take, take);
+    forEachBlock(takeSlab, take, take);
     for (auto const& counter : counters) {
         for (std::size_t c = 0; c < counter.size(); ++c) {
             histogram[c] += counter[c];

@@ -29,18 +29,21 @@ class CellScan {
     /// lower x border, then the four corner columns level by level. `beginColumn(x, y)` returns the function that gets
     /// `(configuration, z)`; x, y and z number the sample at the cell's lower corner, from -1. Allocates nothing.
     template <typename BeginColumn> void visitInOrder(BeginColumn const& beginColumn) {
-        forEachBlock(
-            [&](CutTiles& cut, std::int64_t y) {
-                visitColumns(cut, [&](std::int64_t lane) { return atCell(beginColumn(lane, y)); });
-            },
-            [&](CutTiles& cut, std::int64_t x) {
-                visitColumns(cut, [&](std::int64_t lane) { return atCell(beginColumn(x, lane)); });
-            });
+        forEachBlock([](BitTile const*) {},
+                     [&](CutTiles& cut, std::int64_t y) {
+                         visitColumns(cut, [&](std::int64_t lane) { return atCell(beginColumn(lane, y)); });
+                     },
+                     [&](CutTiles& cut, std::int64_t x) {
+                         visitColumns(cut, [&](std::int64_t lane) { return atCell(beginColumn(x, lane)); });
+                     });
         visitCorners(beginColumn);
     }
 
     /// Adds every cut cell to the counter of its configuration. Allocates nothing.
     void count(std::array<std::uint64_t, 256>& histogram);
+
+    /// Does the same, and returns how many samples are foreground.
+    [[nodiscard]] std::uint64_t countWithForeground(std::array<std::uint64_t, 256>& histogram);
 
   private:
     /// Turns the number of the plane above a cell into that of the plane below it.
@@ -48,10 +51,13 @@ class CellScan {
         return [visit](unsigned char configuration, std::int64_t k) { visit(configuration, k - 1); };
     }
 
-    /// Reads the grid slab by slab and hands its cut tiles out block by block: `takeAlongX(cut, y)` for rows of cells
-    /// along x, `takeAlongY(cut, x)` for the borders along y. The corner columns are left over.
-    template <typename TakeAlongX, typename TakeAlongY>
-    void forEachBlock(TakeAlongX const& takeAlongX, TakeAlongY const& takeAlongY) {
+    template <typename TakeSlab> void countCells(std::array<std::uint64_t, 256>& histogram, TakeSlab const& takeSlab);
+
+    /// Reads the grid slab by slab, hands each to `takeSlab(tiles)` and its cut tiles out block by block:
+    /// `takeAlongX(cut, y)` for rows of cells along x, `takeAlongY(cut, x)` for the borders along y. The corner columns
+    /// are left over.
+    template <typename TakeSlab, typename TakeAlongX, typename TakeAlongY>
+    void forEachBlock(TakeSlab const& takeSlab, TakeAlongX const& takeAlongX, TakeAlongY const& takeAlongY) {
         std::int64_t const lastX = _grid.count.x - 1;
         std::int64_t const lastY = _grid.count.y - 1;
         auto const alongX = [&](std::int64_t y, auto const&... rows) {
@@ -68,6 +74,7 @@ class CellScan {
                 _reader.read(y, _reader.slabsFrom(y), _ring);
                 atHand += _reader.slabsFrom(y);
             }
+            takeSlab(_ring.slab(y));
             keepBorder(y);
             if (y > 0) {
                 alongX(y - 1, CornerRow<0, 1>(_ring.slab(y - 1), _ring.octets),
@@ -112,7 +119,7 @@ class CellScan {
 
     void keepBorder(std::int64_t y);
 
-    SampleGrid const& _grid;
+    SampleGrid _grid;
     SlabReader _reader;
     SlabRing _ring;
     /// Slab 0, and the columns at the lower and the upper end of x with lanes along y: what the borders are made of.

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <type_traits>
 
 namespace tamo {
@@ -35,208 +36,207 @@ template <typename ReadSamples> void withCount(std::int64_t place, std::int64_t 
 }
 
 // Memory comes in lines, and these in pairs: on common machines a line alone costs as much as the whole pair.
-constexpr std::int64_t kLine = 64;
+constexpr std::uintptr_t kLine = 64;
 constexpr std::int64_t kLinePair = 2 * kLine;
 
-// Asks for the eight rows of each of a block's eight planes, part by part, to have them near when they are used. Any
-// address will do: one that is not there is ignored.
-template <unsigned int Distance>
-void prefetchRows(unsigned char const* block, std::ptrdiff_t row, std::ptrdiff_t plane, std::int64_t part) {
-    constexpr std::int64_t kRowsPerPart = 4;
-    for (std::int64_t i = part * kRowsPerPart; i < (part + 1) * kRowsPerPart; ++i) {
-        unsigned char const* const start = block + i / kTileSide * row + i % kTileSide * plane;
-        for (std::int64_t voxel = 0; voxel < kLinePair * Distance; voxel += kLine) {
-            // Into the second-level cache: in the first, rows a power of two apart would push each other out.
-            __builtin_prefetch(start + voxel, 0, 2);
+// Asks for the rows of a block, eight in each of eight planes, while the block before it is read: part by part, so that
+// not too many are under way at a time.
+class RowsAhead {
+  public:
+    // `block` is the first of `count` samples of the first row of the block that is read; from there it is eight times
+    // `toNext` to the next one.
+    RowsAhead(unsigned char const* block, std::ptrdiff_t toNext, std::int64_t count,
+              GLtVec3<std::ptrdiff_t> const& stride)
+        : _row(asAddress(stride.x)), _plane(asAddress(stride.z)), _parts(tilesFor(count)) {
+        std::ptrdiff_t const toLast = (count - 1) * stride.y;
+        _lowest = reinterpret_cast<std::uintptr_t>(block) + kTileSide * asAddress(toNext) +
+                  asAddress(std::min(toLast, std::ptrdiff_t{0}));
+        _bytes = asAddress(std::abs(toLast)) + 1;
+    }
+
+    void fetchPart() {
+        constexpr std::int64_t kRows = kTileSide * kTileSide;
+        std::int64_t const end = ++_part * kRows / _parts;
+        for (; _next < end; ++_next) {
+            std::uintptr_t const row =
+                _lowest + asAddress(_next / kTileSide) * _row + asAddress(_next % kTileSide) * _plane;
+            for (std::uintptr_t line = row / kLine * kLine; line < row + _bytes; line += kLine) {
+                // Into the second-level cache: in the first, rows a power of two apart would push each other out.
+                __builtin_prefetch(reinterpret_cast<void const*>(line), 0, 2);
+            }
         }
     }
-}
 
-// Returns how many samples there are from `sample` to the end of its pair of lines; 0 where the next lies beyond it.
-std::int64_t samplesToPairEnd(unsigned char const* sample, std::ptrdiff_t stride) {
+  private:
+    // Addresses are numbers here, not pointers: behind the last block there may be nothing. A prefetch ignores that.
+    static std::uintptr_t asAddress(std::ptrdiff_t distance) { return static_cast<std::uintptr_t>(distance); }
+
+    std::uintptr_t _lowest;
+    std::uintptr_t _bytes;
+    std::uintptr_t _row;
+    std::uintptr_t _plane;
+    std::int64_t _parts;
+    std::int64_t _part = 0;
+    std::int64_t _next = 0;
+};
+
+// Returns how many samples from `sample` on, `stride` apart, lie in its pair of lines.
+std::int64_t samplesInPair(unsigned char const* sample, std::ptrdiff_t stride) {
     auto const place = static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(sample) % kLinePair);
-    return (stride > 0 ? kLinePair - place : place + 1) / std::abs(stride);
+    return (stride < 0 ? place : kLinePair - 1 - place) / std::max(std::abs(stride), std::ptrdiff_t{1}) + 1;
 }
 
 } // namespace
 
-SlabReader::SlabReader(SampleGrid const& grid) : _grid(grid), _slabsPerRead(1), _slabsOfFirstRead(0) {
-    // Rows of several slabs that lie side by side make runs long enough for the hardware to prefetch.
-    constexpr std::int64_t kRowsPerRun = 8;
-    auto const [axis, stride] = nearestNeighbors();
-    _read = readAlong(axis, std::abs(stride));
-    _isBackwards = stride < 0;
-    _toLowest = _isBackwards ? (kTileSide - 1) * stride : 0;
-    if (axis == Axis::kY && std::abs(stride) < kLine) {
-        // As many slabs as voxels come together: with fewer, memory would be fetched more than once.
-        _slabsPerRead = std::min(kLinePair, grid.count.y);
-        // After the first read all start with a pair of lines, if rows do.
-        _slabsOfFirstRead = samplesToPairEnd(grid.first, stride);
-    } else if (std::abs(grid.stride.y) < std::max(std::abs(grid.stride.x), std::abs(grid.stride.z))) {
-        _slabsPerRead = std::min(kRowsPerRun, grid.count.y);
-    }
-    if (_slabsOfFirstRead == 0) {
-        _slabsOfFirstRead = _slabsPerRead;
-    }
+SlabReader::SlabReader(SampleGrid const& grid)
+    : _grid(grid), _axis(Axis::kX), _stride(0), _slabsPerRead(1), _slabsOfFirstRead(1) {
+    findNearestNeighbors();
+    chooseSlabsPerRead();
+    _read = readerOfRuns();
 }
 
 // Finds the axis whose neighbours are nearest in memory, of those that are long enough for a run.
-SlabReader::Direction SlabReader::nearestNeighbors() const {
-    Direction nearest{Axis::kX, 0};
-    auto const consider = [&nearest](Axis axis, std::int64_t count, std::ptrdiff_t stride) {
-        bool const isNearer = nearest.stride == 0 || std::abs(stride) < std::abs(nearest.stride);
-        if (count >= kTileSide && stride != 0 && isNearer) {
-            nearest = {axis, stride};
+void SlabReader::findNearestNeighbors() {
+    std::ptrdiff_t nearest = std::numeric_limits<std::ptrdiff_t>::max();
+    auto const consider = [&](Axis axis, std::int64_t count, std::ptrdiff_t stride) {
+        if (count >= kTileSide && std::abs(stride) < nearest) {
+            nearest = std::abs(stride);
+            _axis = axis;
+            _stride = stride;
         }
     };
     consider(Axis::kX, _grid.count.x, _grid.stride.x);
     consider(Axis::kY, _grid.count.y, _grid.stride.y);
     consider(Axis::kZ, _grid.count.z, _grid.stride.z);
-    return nearest;
 }
 
-template <unsigned int Distance> SlabReader::Read SlabReader::readAlong(Axis axis) {
-    switch (axis) {
+void SlabReader::chooseSlabsPerRead() {
+    auto const slabsIn = [&](std::int64_t voxels) {
+        std::int64_t const toNextSlab = std::max(std::abs(_grid.stride.y), std::ptrdiff_t{1});
+        return std::clamp(voxels / toNextSlab / kTileSide * kTileSide, kTileSide, kLinePair);
+    };
+    if (_axis == Axis::kY) {
+        // As many slabs as voxels come together: with fewer, memory would be fetched more than once.
+        constexpr std::int64_t kPieceOfRow = 512;
+        _slabsPerRead = slabsIn(kPieceOfRow);
+        // After the first read all start with a pair of lines, if rows do.
+        _slabsOfFirstRead = samplesInPair(_grid.first, _stride);
+    } else {
+        if (std::abs(_grid.stride.y) < std::max(std::abs(_grid.stride.x), std::abs(_grid.stride.z))) {
+            // Rows of several slabs lie side by side: together they are long enough for the hardware to prefetch.
+            constexpr std::int64_t kPieceOfRows = 1024;
+            _slabsPerRead = slabsIn(kPieceOfRows);
+        }
+        _slabsOfFirstRead = _slabsPerRead;
+    }
+    _slabsPerRead = std::min(_slabsPerRead, _grid.count.y);
+}
+
+template <typename Run> SlabReader::Read SlabReader::readerOf() const {
+    switch (_axis) {
     case Axis::kX:
-        return &SlabReader::readAlongX<Distance>;
+        return &SlabReader::readAlongX<Run>;
     case Axis::kY:
-        return &SlabReader::readAlongY<Distance>;
+        return &SlabReader::readAlongY<Run>;
     default:
-        return &SlabReader::readAlongZ<Distance>;
+        return &SlabReader::readAlongZ<Run>;
     }
 }
 
-SlabReader::Read SlabReader::readAlong(Axis axis, std::ptrdiff_t distance) {
-    switch (distance) {
+SlabReader::Read SlabReader::readerOfRuns() const {
+    switch (std::abs(_stride)) {
     case 1:
-        return readAlong<1>(axis);
+        return readerOf<NearRun<1>>();
     case 2:
-        return readAlong<2>(axis);
+        return readerOf<NearRun<2>>();
     case 3:
-        return readAlong<3>(axis);
+        return readerOf<NearRun<3>>();
     case 4:
-        return readAlong<4>(axis);
+        return readerOf<NearRun<4>>();
     default:
-        return readAlong<0>(axis);
+        return readerOf<FarRun>();
     }
 }
 
-template <unsigned int Distance>
-void SlabReader::readAlongX(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
-    for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide) {
-        for (std::int64_t i = y; i < y + count; ++i) {
-            BitTile* tile = ring.slab(i) + z / kTileSide;
-            if constexpr (Distance == 0) {
-                for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide, tile += ring.octets) {
-                    *tile = gatherTile(x, i, z);
-                }
-            } else {
-                unsigned char const* const row = _grid.at(0, i, z) + _toLowest;
-                withCount(z, _grid.count.z, [&](auto planes) {
-                    for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide, tile += ring.octets) {
-                        RunPlace const run(x, _grid.count.x);
-                        BitTile const bits =
-                            stackRuns<Distance>(row + run.start * _grid.stride.x, _grid.stride.z, planes);
-                        *tile = sortedLanes<Distance>(bits, _isBackwards) >> (kTileSide * run.surplus);
-                    }
-                });
-            }
-        }
-    }
-}
-
-template <unsigned int Distance>
-void SlabReader::readAlongZ(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
-    for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide) {
-        for (std::int64_t i = y; i < y + count; ++i) {
-            BitTile* tile = ring.slab(i) + x / kTileSide * ring.octets;
-            if constexpr (Distance == 0) {
-                for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide, ++tile) {
-                    *tile = gatherTile(x, i, z);
-                }
-            } else {
-                unsigned char const* const column = _grid.at(x, i, 0) + _toLowest;
-                withCount(x, _grid.count.x, [&](auto lanes) {
-                    for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide, ++tile) {
-                        RunPlace const run(z, _grid.count.z);
-                        BitTile const bits =
-                            packRuns<Distance>(column + run.start * _grid.stride.z, _grid.stride.x, lanes);
-                        *tile = lowered(sortedPlanes<Distance>(bits, _isBackwards), run.surplus);
-                    }
-                });
-            }
-        }
-    }
-}
-
-template <unsigned int Distance>
-void SlabReader::readAlongY(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
-    // Blocks that are neighbours in memory follow each other.
-    if (std::abs(_grid.stride.x) < std::abs(_grid.stride.z)) {
-        for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide) {
-            for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide) {
-                readBlockAlongY<Distance>(x, y, z, count, ring, kTileSide * _grid.stride.x);
-            }
-        }
-    } else {
-        for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide) {
-            for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide) {
-                readBlockAlongY<Distance>(x, y, z, count, ring, kTileSide * _grid.stride.z);
-            }
-        }
-    }
-}
-
-// Reads one tile of each slab: runs along y are stacked as those along x are, and their lanes handed out to the slabs.
-template <unsigned int Distance>
-void SlabReader::readBlockAlongY(std::int64_t x, std::int64_t y, std::int64_t z, std::int64_t count,
-                                 SlabRing const& ring, std::ptrdiff_t toNextBlock) const {
-    std::int64_t const place = x / kTileSide * ring.octets + z / kTileSide;
-    if constexpr (Distance == 0) {
-        for (std::int64_t i = y; i < y + count; ++i) {
-            ring.slab(i)[place] = gatherTile(x, i, z);
-        }
-    } else {
-        unsigned char const* const block = _grid.at(x, 0, z) + _toLowest;
-        auto const lanes = std::min(kTileSide, _grid.count.x - x);
-        withCount(z, _grid.count.z, [&](auto planes) {
-            for (std::int64_t i = y; i < y + count; i += kTileSide) {
-                // Runs that start early, or end late, only write again, or ahead, what belongs into their slabs.
-                std::int64_t const start = RunPlace(i, _grid.count.y).start;
-                unsigned char const* row = block + start * _grid.stride.y;
-                prefetchRows<Distance>(block + toNextBlock + y * _grid.stride.y, _grid.stride.x, _grid.stride.z,
-                                       (i - y) / kTileSide);
-                BitTile words[kTileSide] = {};
-                for (std::int64_t lane = 0; lane < lanes; ++lane, row += _grid.stride.x) {
-                    words[lane] = stackRuns<Distance>(row, _grid.stride.z, planes);
-                }
-                transposeLanes(words);
-                if (_isBackwards) {
-                    std::reverse(words, words + kTileSide);
-                }
-                BitTile* tile = ring.slab(start) + place;
-                for (unsigned int j = 0; j < kTileSide; ++j, tile = ring.inNextSlab(tile)) {
-                    *tile = words[SampleRun<Distance>::place(j)];
+template <typename Run> void SlabReader::readAlongX(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
+    Run const run(_stride);
+    // A copy, as the compiler cannot tell that no tile is written over the original.
+    SampleGrid const grid = _grid;
+    for (std::int64_t z = 0; z < grid.count.z; z += kTileSide) {
+        withCount(z, grid.count.z, [&](auto planes) {
+            for (std::int64_t i = y; i < y + count; ++i) {
+                BitTile* tile = ring.slab(i) + z / kTileSide;
+                unsigned char const* const row = grid.at(0, i, z) + run.start();
+                for (std::int64_t x = 0; x < grid.count.x; x += kTileSide, tile += ring.octets) {
+                    RunPlace const place(x, grid.count.x);
+                    BitTile const bits = stackRuns(run, row + place.start * grid.stride.x, grid.stride.z, planes);
+                    *tile = run.sortedLanes(bits) >> (kTileSide * place.surplus);
                 }
             }
         });
     }
 }
 
-// Reads a tile sample by sample.
-BitTile SlabReader::gatherTile(std::int64_t x, std::int64_t y, std::int64_t z) const {
-    std::int64_t const lanes = std::min(kTileSide, _grid.count.x - x);
-    std::int64_t const planes = std::min(kTileSide, _grid.count.z - z);
-    BitTile tile = 0;
-    for (std::int64_t lane = lanes; lane-- > 0;) {
-        unsigned char const* const bottom = _grid.at(x + lane, y, z);
-        unsigned int bits = 0;
-        for (std::int64_t j = planes; j-- > 0;) {
-            bits = bits + bits + (bottom[j * _grid.stride.z] & 1U);
-        }
-        tile = tile << 8U | bits;
+template <typename Run> void SlabReader::readAlongZ(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
+    Run const run(_stride);
+    SampleGrid const grid = _grid;
+    for (std::int64_t x = 0; x < grid.count.x; x += kTileSide) {
+        withCount(x, grid.count.x, [&](auto lanes) {
+            for (std::int64_t i = y; i < y + count; ++i) {
+                BitTile* tile = ring.slab(i) + x / kTileSide * ring.octets;
+                unsigned char const* const column = grid.at(x, i, 0) + run.start();
+                for (std::int64_t z = 0; z < grid.count.z; z += kTileSide, ++tile) {
+                    RunPlace const place(z, grid.count.z);
+                    BitTile const bits = packRuns(run, column + place.start * grid.stride.z, grid.stride.x, lanes);
+                    *tile = lowered(run.sortedPlanes(bits), place.surplus);
+                }
+            }
+        });
     }
-    return tile;
+}
+
+template <typename Run> void SlabReader::readAlongY(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
+    // Blocks that are neighbours in memory follow each other.
+    if (std::abs(_grid.stride.x) < std::abs(_grid.stride.z)) {
+        for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide) {
+            for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide) {
+                readBlockAlongY<Run>(x, y, z, count, ring, _grid.stride.x);
+            }
+        }
+    } else {
+        for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide) {
+            for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide) {
+                readBlockAlongY<Run>(x, y, z, count, ring, _grid.stride.z);
+            }
+        }
+    }
+}
+
+// Reads one tile of each slab: runs along y are stacked as those along x are, and their lanes handed out to the slabs.
+template <typename Run>
+void SlabReader::readBlockAlongY(std::int64_t x, std::int64_t y, std::int64_t z, std::int64_t count,
+                                 SlabRing const& ring, std::ptrdiff_t toNext) const {
+    Run const run(_stride);
+    std::int64_t const tileInSlab = x / kTileSide * ring.octets + z / kTileSide;
+    auto const lanes = std::min(kTileSide, _grid.count.x - x);
+    RowsAhead ahead(_grid.at(x, y, z), toNext, count, _grid.stride);
+    withCount(z, _grid.count.z, [&](auto planes) {
+        for (std::int64_t i = y; i < y + count; i += kTileSide) {
+            ahead.fetchPart();
+            // Runs that start early, or end late, only write again, or ahead, what belongs into their slabs.
+            std::int64_t const start = RunPlace(i, _grid.count.y).start;
+            unsigned char const* const rows = _grid.at(x, start, z) + run.start();
+            BitTile words[kTileSide] = {};
+            for (std::int64_t lane = 0; lane < lanes; ++lane) {
+                words[lane] = stackRuns(run, rows + lane * _grid.stride.x, _grid.stride.z, planes);
+            }
+            transposeLanes(words);
+            BitTile* tile = ring.slab(start) + tileInSlab;
+            for (unsigned int j = 0; j < kTileSide; ++j, tile = ring.inNextSlab(tile)) {
+                *tile = words[run.place(j)];
+            }
+        }
+    });
 }
 
 } // namespace tamo

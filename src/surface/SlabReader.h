@@ -34,14 +34,14 @@ struct SlabRing {
 
 /// Reads slabs of a sample grid into tiles.
 ///
-/// Reads nothing before the first or behind the last sample of a row. Samples that are 1 to 4 bytes apart along an
-/// axis, forwards or backwards, are read in runs of eight along that axis; others one by one. Of a voxel, the lowest
-/// bit counts. The grid must outlive the reader.
+/// Samples are read in runs of eight along the axis on which they are nearest in memory, nothing before the first or
+/// behind the last of a row. Of a voxel, the lowest bit counts.
 class SlabReader {
   public:
+    /// The grid needs eight samples along one axis at least.
     explicit SlabReader(SampleGrid const& grid);
 
-    /// Returns how many slabs one call of `read` fills at most, so that memory is read in long runs.
+    /// Returns how many slabs one call of `read` fills at most, so that memory is read in long pieces.
     [[nodiscard]] std::int64_t slabsPerRead() const { return _slabsPerRead; }
 
     /// Returns how many slabs should be read after the first `y`.
@@ -61,33 +61,26 @@ class SlabReader {
         kZ
     };
 
-    /// The axis along which samples are read in runs, and their distance; 0 where there is none.
-    struct Direction {
-        Axis axis;
-        std::ptrdiff_t stride;
-    };
+    void findNearestNeighbors();
+    void chooseSlabsPerRead();
+    [[nodiscard]] Read readerOfRuns() const;
 
-    [[nodiscard]] Direction nearestNeighbors() const;
-    static Read readAlong(Axis axis, std::ptrdiff_t distance);
+    template <typename Run> [[nodiscard]] Read readerOf() const;
+    template <typename Run> void readAlongX(std::int64_t y, std::int64_t count, SlabRing const& ring) const;
+    template <typename Run> void readAlongY(std::int64_t y, std::int64_t count, SlabRing const& ring) const;
+    template <typename Run> void readAlongZ(std::int64_t y, std::int64_t count, SlabRing const& ring) const;
 
-    // Distance 0 stands for samples too far apart for runs.
-    template <unsigned int Distance> static Read readAlong(Axis axis);
-    template <unsigned int Distance> void readAlongX(std::int64_t y, std::int64_t count, SlabRing const& ring) const;
-    template <unsigned int Distance> void readAlongY(std::int64_t y, std::int64_t count, SlabRing const& ring) const;
-    template <unsigned int Distance> void readAlongZ(std::int64_t y, std::int64_t count, SlabRing const& ring) const;
-
-    template <unsigned int Distance>
+    template <typename Run>
     void readBlockAlongY(std::int64_t x, std::int64_t y, std::int64_t z, std::int64_t count, SlabRing const& ring,
-                         std::ptrdiff_t toNextBlock) const;
-    [[nodiscard]] BitTile gatherTile(std::int64_t x, std::int64_t y, std::int64_t z) const;
+                         std::ptrdiff_t toNext) const;
 
-    SampleGrid const& _grid;
+    SampleGrid _grid;
+    /// The axis of the runs, and their address distance between samples.
+    Axis _axis;
+    std::ptrdiff_t _stride;
     Read _read;
     std::int64_t _slabsPerRead;
     std::int64_t _slabsOfFirstRead;
-    /// Whether addresses fall along a run, and where its lowest address lies then, seen from its first sample.
-    bool _isBackwards;
-    std::ptrdiff_t _toLowest;
 };
 
 } // namespace tamo

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "BitTile.h"
 #include "SampleGrid.h"
 
 #include <algorithm>
@@ -32,6 +33,15 @@ class SmallScan {
                 _columns[place(x, y)] = samples;
             }
         }
+    }
+
+    /// Returns how many samples are foreground.
+    [[nodiscard]] std::uint64_t foreground() const {
+        std::uint64_t sum = 0;
+        for (std::int64_t i = 0; i < _row * (_count.y + 2); ++i) {
+            sum += countBits(_columns[i]);
+        }
+        return sum;
     }
 
     /// Visits the cut cells in the order, and by the means, of `CellScan::visitInOrder`.

@@ -6,8 +6,10 @@
 
 #include <tamo/surface/TAMO.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 #include <numeric>
 #include <optional>
@@ -18,20 +20,58 @@ using Histogram = std::array<std::uint64_t, 256>;
 
 constexpr unsigned int kFull = 255;
 
-std::uint64_t countForeground(tamo::SampleGrid const& grid) {
-    std::uint64_t sum = 0;
-    for (std::int64_t z = 0; z < grid.count.z; ++z) {
-        for (std::int64_t y = 0; y < grid.count.y; ++y) {
-            for (std::int64_t x = 0; x < grid.count.x; ++x) {
-                sum += *grid.at(x, y, z) & 1U;
-            }
-        }
+// A sample grid with its axes in the order of their strides, the densest first: a count may visit cells in any order,
+// and this one reads memory from one end to the other, with as little work space as can be.
+class ReorderedGrid {
+  public:
+    explicit ReorderedGrid(tamo::SampleGrid const& grid)
+        : _axes{{{grid.stride.x, grid.count.x, 1}, {grid.stride.y, grid.count.y, 2}, {grid.stride.z, grid.count.z, 4}}},
+          _first(grid.first) {
+        auto const isDenser = [](Axis const& a, Axis const& b) { return std::abs(a.stride) < std::abs(b.stride); };
+        std::sort(_axes.begin(), _axes.end(), isDenser);
+        // An axis too short for whole runs of samples gives way to the next.
+        auto const isLong = [](Axis const& axis) { return axis.count >= tamo::kTileSide; };
+        auto* const densest = std::find_if(_axes.begin(), _axes.end(), isLong);
+        std::rotate(_axes.begin(), densest, std::min(densest + 1, _axes.end()));
     }
-    return sum;
-}
+
+    [[nodiscard]] tamo::SampleGrid grid() const {
+        return {_first,
+                {_axes[0].stride, _axes[1].stride, _axes[2].stride},
+                {_axes[0].count, _axes[1].count, _axes[2].count}};
+    }
+
+    // Counts the original grid's configurations, given those of the reordered one.
+    [[nodiscard]] Histogram inOriginalAxes(Histogram const& counted) const {
+        std::array<unsigned char, 256> original{};
+        Histogram histogram{};
+        histogram[0] = counted[0];
+        for (unsigned int c = 1; c < counted.size(); ++c) {
+            unsigned int const corner = static_cast<unsigned int>(__builtin_ctz(c));
+            unsigned int const place = (corner & 1U) * _axes[0].corner + (corner >> 1U & 1U) * _axes[1].corner +
+                                       (corner >> 2U) * _axes[2].corner;
+            // Without its lowest corner it is one that has been met already.
+            original[c] = static_cast<unsigned char>(original[c & (c - 1)] | 1U << place);
+            histogram[original[c]] = counted[c];
+        }
+        return histogram;
+    }
+
+  private:
+    struct Axis {
+        std::ptrdiff_t stride;
+        std::int64_t count;
+        // The number of the corner that lies along this axis from corner 0.
+        unsigned int corner;
+    };
+
+    std::array<Axis, 3> _axes;
+    unsigned char const* _first;
+};
 
 // Counts cell by cell, corner by corner: slow, but it needs no work space.
-void countEachCell(tamo::SampleGrid const& grid, Histogram& histogram) {
+Histogram countEachCell(tamo::SampleGrid const& grid) {
+    Histogram histogram{};
     auto const sample = [&grid](std::int64_t x, std::int64_t y, std::int64_t z) {
         bool const isInGrid = x >= 0 && y >= 0 && z >= 0 && x < grid.count.x && y < grid.count.y && z < grid.count.z;
         return isInGrid ? *grid.at(x, y, z) & 1U : 0U;
@@ -47,37 +87,51 @@ void countEachCell(tamo::SampleGrid const& grid, Histogram& histogram) {
             }
         }
     }
-}
-
-// Adds every cut cell to the counter of its configuration.
-void countCutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
-    if (tamo::SmallScan::fits(grid)) {
-        tamo::SmallScan(grid).visitInOrder([&histogram](std::int64_t, std::int64_t) {
-            return [&histogram](unsigned char configuration, std::int64_t) { ++histogram[configuration]; };
-        });
-        return;
-    }
-    std::optional<tamo::CellScan> scan;
-    try {
-        scan.emplace(grid);
-    } catch (std::bad_alloc const&) {
-        // A count is never refused for want of memory: callers use it to find out how much they need.
-        countEachCell(grid, histogram);
-        return;
-    }
-    scan->count(histogram);
+    return histogram;
 }
 
 // Completes a histogram of the cut cells by those that are empty or full.
-void countUncutCells(tamo::SampleGrid const& grid, Histogram& histogram) {
+void addUncutCells(tamo::SampleGrid const& grid, std::uint64_t foreground, Histogram& histogram) {
     // Every sample is the first corner of exactly one cell: the odd configurations together count the foreground.
-    histogram[kFull] = countForeground(grid);
+    histogram[kFull] = foreground;
     for (unsigned int c = 1; c < kFull; c += 2) {
         histogram[kFull] -= histogram[c];
     }
     auto const cells = static_cast<std::uint64_t>(grid.count.x + 1) * static_cast<std::uint64_t>(grid.count.y + 1) *
                        static_cast<std::uint64_t>(grid.count.z + 1);
     histogram[0] = cells - std::accumulate(histogram.begin() + 1, histogram.end(), std::uint64_t{0});
+}
+
+Histogram countSmallGrid(tamo::SampleGrid const& grid) {
+    Histogram histogram{};
+    tamo::SmallScan const scan(grid);
+    scan.visitInOrder([&histogram](std::int64_t, std::int64_t) {
+        return [&histogram](unsigned char configuration, std::int64_t) { ++histogram[configuration]; };
+    });
+    addUncutCells(grid, scan.foreground(), histogram);
+    return histogram;
+}
+
+// Counts the cells of each configuration. Where `isCutOnly`, those that are empty or full may be missing.
+Histogram countCells(tamo::SampleGrid const& grid, bool isCutOnly) {
+    if (tamo::SmallScan::fits(grid)) {
+        return countSmallGrid(grid);
+    }
+    ReorderedGrid const reordered(grid);
+    std::optional<tamo::CellScan> scan;
+    try {
+        scan.emplace(reordered.grid());
+    } catch (std::bad_alloc const&) {
+        // A count is never refused for want of memory: callers use it to find out how much they need.
+        return countEachCell(grid);
+    }
+    Histogram counted{};
+    if (isCutOnly) {
+        scan->count(counted);
+    } else {
+        addUncutCells(grid, scan->countWithForeground(counted), counted);
+    }
+    return reordered.inOriginalAxes(counted);
 }
 
 } // namespace
@@ -88,28 +142,29 @@ bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, un
     if (!tamo::isScannable(data, step, extent, objects)) {
         return false;
     }
-    tamo::SampleGrid const grid = tamo::makeSampleGrid(data, increments, step, origin, extent);
-    Histogram histogram{};
-    countCutCells(grid, histogram);
     // The builders leave both slots empty, so that the cells that make up most of a volume need no counting.
-    if (objects[0]->size() != 0 || objects[kFull]->size() != 0) {
-        countUncutCells(grid, histogram);
-    }
+    bool const isCutOnly = objects[0]->size() == 0 && objects[kFull]->size() == 0;
+    Histogram const histogram = countCells(tamo::makeSampleGrid(data, increments, step, origin, extent), isCutOnly);
 
-    // In one assignment: the caller may have taken origin and extent from the record itself.
-    info = GLDataInfo(origin, extent, step, 0, 0, 0);
+    std::size_t primitives = 0;
+    std::size_t triangles = 0;
     for (unsigned int c = 0; c < histogram.size(); ++c) {
         if (histogram[c] == 0) {
             continue;
         }
+        std::size_t trianglesOfCell = 0;
         for (GLPolygon const* polygon : *objects[c]) {
             // n - 2 wraps in 32 bits: a polygon of fewer than two vertices shows in the totals instead of hiding.
-            unsigned int const triangles = polygon->size() - 2;
-            info.primitives() += histogram[c];
-            info.triangles() += std::size_t{triangles} * histogram[c];
+            trianglesOfCell += polygon->size() - 2U;
         }
+        primitives += objects[c]->size() * histogram[c];
+        triangles += trianglesOfCell * histogram[c];
     }
-    info.vertices() = info.triangles() + 2 * info.primitives();
+    // In one assignment: the caller may have taken origin and extent from the record itself.
+    info = GLDataInfo(origin, extent, step, 0, 0, 0);
+    info.primitives() = primitives;
+    info.triangles() = triangles;
+    info.vertices() = triangles + 2 * primitives;
     return true;
 }
 

@@ -16,20 +16,6 @@ namespace {
 
 constexpr char const* kAllocError = "wrapGlobal alloc error";
 
-// Calls `start` at once and `finish` once the scan is over or refused.
-class AggregatorSession {
-  public:
-    explicit AggregatorSession(IPolygonAggregator& aggregator) : _aggregator(aggregator) { _aggregator.start(); }
-
-    bool finish(bool result) {
-        _aggregator.finish();
-        return result;
-    }
-
-  private:
-    IPolygonAggregator& _aggregator;
-};
-
 // Returns the list scaled to the size of the cells, or null, with a message, where it cannot be had.
 std::unique_ptr<GLObjectList> makeScaledList(GLObjectList const& objects, unsigned int step) {
     std::unique_ptr<GLObjectList> scaled;
@@ -92,25 +78,9 @@ auto handOver(GLObject* const* slots, Positions const& x, Positions const& y, Po
     };
 }
 
-} // namespace
-
-bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
-                GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
-                IPolygonAggregator& aggregator) {
-    AggregatorSession session(aggregator);
-    if (!tamo::isScannable(data, step, extent, objects)) {
-        return session.finish(false);
-    }
-    std::unique_ptr<GLObjectList> scaled;
-    if (step != 1) {
-        scaled = makeScaledList(objects, step);
-        if (!scaled) {
-            return session.finish(false);
-        }
-    }
-    tamo::SampleGrid const grid = tamo::makeSampleGrid(data, increments, step, origin, extent);
-
-    GLObject* const* const slots = &*(scaled ? *scaled : objects).begin();
+bool scanCells(tamo::SampleGrid const& grid, unsigned int step, GLtVec3<int> const& origin, GLObjectList const& objects,
+               IPolygonAggregator& aggregator) {
+    GLObject* const* const slots = &*objects.begin();
     AxisPositions const x(step, origin.x);
     AxisPositions const y(step, origin.y);
     AxisPositions const z(step, origin.z);
@@ -119,17 +89,38 @@ bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsig
         PositionTable const yTable(y, grid.count.y);
         PositionTable const zTable(z, grid.count.z);
         tamo::SmallScan(grid).visitInOrder(handOver(slots, xTable, yTable, zTable, aggregator));
-        return session.finish(true);
+        return true;
     }
     std::optional<tamo::CellScan> scan;
     try {
         scan.emplace(grid);
     } catch (std::bad_alloc const&) {
         std::cerr << kAllocError << std::endl;
-        return session.finish(false);
+        return false;
     }
     scan->visitInOrder(handOver(slots, x, y, z, aggregator));
-    return session.finish(true);
+    return true;
+}
+
+} // namespace
+
+bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
+                GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
+                IPolygonAggregator& aggregator) {
+    // Receivers may keep what they get until `finish`: so long the scaled objects live.
+    std::unique_ptr<GLObjectList> scaled;
+    bool result = false;
+    aggregator.start();
+    if (tamo::isScannable(data, step, extent, objects)) {
+        if (step != 1) {
+            scaled = makeScaledList(objects, step);
+        }
+        GLObjectList const* const list = step != 1 ? scaled.get() : &objects;
+        result = list != nullptr && scanCells(tamo::makeSampleGrid(data, increments, step, origin, extent), step,
+                                              origin, *list, aggregator);
+    }
+    aggregator.finish();
+    return result;
 }
 
 bool wrapGlobal(Kade::CImage const& image, unsigned int step, GLObjectList const& objects,

@@ -106,9 +106,28 @@ TEST_P(BlockSides, RowsAroundTheEndsOfReads) {
     }
 }
 
+// Sides too short for a run of samples: runs go along the next axis, with rows of any length between its samples.
+TEST_P(BlockSides, ThinVolumes) {
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        for (int const side : {1, 2, 7, 8}) {
+            for (int const distance : {1, 2, 21}) {
+                Triple samples = {12, 13, 14};
+                samples[axis] = side;
+                samples[(axis + 1) % 3] = 137;
+                checkSamples(samples, layout(false, distance));
+                std::swap(samples[(axis + 1) % 3], samples[(axis + 2) % 3]);
+                checkSamples(samples, layout(true, distance));
+            }
+        }
+    }
+    checkSamples({1, 1, 300}, layout());
+    checkSamples({1, 300, 1}, layout());
+    checkSamples({300, 1, 1}, layout(true));
+}
+
 // Samples up to four apart are read together, those farther apart one by one.
 TEST_P(BlockSides, SamplesApartInMemoryAroundTheEndsOfTilesAndReads) {
-    for (int const distance : {2, 3, 4, 5, 7, 8, 9}) {
+    for (int const distance : {2, 3, 4, 5, 7, 8, 9, 63, 64, 70}) {
         for (int const side : {8, 9, 16, 17, 129}) {
             checkSamples({10, side, 9}, layout(false, distance));
             checkSamples({9, side, 10}, layout(true, distance));

@@ -49,7 +49,8 @@ class PlainWalk : public testing::Test {
 };
 
 constexpr std::array<std::size_t, 3> kOrders[] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
-constexpr Triple kSizes[] = {{2, 3, 1}, {6, 7, 8}, {70, 60, 50}, {20, 150, 30}};
+constexpr Triple kSizes[] = {{2, 3, 1},    {6, 7, 8},    {70, 60, 50}, {20, 150, 30},
+                             {6, 90, 140}, {150, 5, 30}, {60, 140, 3}};
 
 TEST_F(PlainWalk, VisitsTheCellsOfTheReference) {
     for (Triple const& size : kSizes) {
