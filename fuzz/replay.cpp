@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* bytes, std::size_t count);
 
@@ -28,26 +30,25 @@ bool replay(std::filesystem::path const& file) {
 
 // Runs a fuzzer's entry point with the inputs in the given files and folders, without libFuzzer.
 int main(int argc, char** argv) {
-    int inputs = 0;
+    std::vector<std::filesystem::path> inputs;
     for (int i = 1; i < argc; ++i) {
         if (!std::filesystem::is_directory(argv[i])) {
-            if (!replay(argv[i])) {
-                return 1;
-            }
-            ++inputs;
+            inputs.emplace_back(argv[i]);
             continue;
         }
-        for (auto const& entry : std::filesystem::directory_iterator(argv[i])) {
-            if (entry.is_regular_file() && !replay(entry.path())) {
-                return 1;
+        for (auto const& entry : std::filesystem::recursive_directory_iterator(argv[i])) {
+            if (entry.is_regular_file()) {
+                inputs.push_back(entry.path());
             }
-            ++inputs;
         }
     }
-    if (inputs == 0) {
+    if (inputs.empty()) {
         std::cerr << "replay: expected files or folders with at least one input\n";
         return 1;
     }
-    std::cout << inputs << " inputs\n";
+    if (!std::all_of(inputs.begin(), inputs.end(), replay)) {
+        return 1;
+    }
+    std::cout << inputs.size() << " inputs\n";
     return 0;
 }
