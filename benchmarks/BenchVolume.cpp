@@ -8,7 +8,6 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
-#include <functional>
 #include <random>
 
 namespace tamo::bench {
@@ -107,23 +106,29 @@ Cube makeBrain(int side, std::string const& file) {
     return cube;
 }
 
-BenchVolume::BenchVolume(Cube const& cube, Layout const& layout) : _side(cube.side), _first(0) {
+BenchVolume::BenchVolume(Cube const& cube, Layout const& layout) : _first(0) {
     auto const [fast, middle, slow] = layout.order;
-    std::ptrdiff_t const width = std::abs(layout.spacing);
-    std::array<std::ptrdiff_t, 3> distance{};
-    distance[fast] = width;
-    distance[middle] = width * _side + layout.gap;
-    distance[slow] = distance[middle] * _side;
-    _bytes.resize(static_cast<std::size_t>(distance[slow] * _side));
-    if (layout.spacing < 0) {
-        _first = (distance[0] + distance[1] + distance[2]) * (_side - 1);
-        std::transform(distance.begin(), distance.end(), distance.begin(), std::negate<>());
+    std::array<int, 3> size = {cube.side, cube.side, cube.side};
+    if (layout.width != 0) {
+        size[fast] = layout.width;
     }
+    std::array<std::ptrdiff_t, 3> distance{};
+    distance[fast] = std::abs(layout.spacing);
+    distance[middle] = distance[fast] * size[fast] + layout.gap;
+    distance[slow] = distance[middle] * size[middle];
+    _bytes.resize(static_cast<std::size_t>(distance[slow] * size[slow]));
+    if (layout.spacing < 0) {
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            _first += distance[axis] * (size[axis] - 1);
+            distance[axis] = -distance[axis];
+        }
+    }
+    _size = {size[0], size[1], size[2]};
     _increments = {static_cast<int>(distance[0]), static_cast<int>(distance[1]), static_cast<int>(distance[2])};
     std::array<int, 3> at{};
-    for (at[slow] = 0; at[slow] < _side; ++at[slow]) {
-        for (at[middle] = 0; at[middle] < _side; ++at[middle]) {
-            for (at[fast] = 0; at[fast] < _side; ++at[fast]) {
+    for (at[slow] = 0; at[slow] < size[slow]; ++at[slow]) {
+        for (at[middle] = 0; at[middle] < size[middle]; ++at[middle]) {
+            for (at[fast] = 0; at[fast] < size[fast]; ++at[fast]) {
                 std::ptrdiff_t const place = _first + at[0] * distance[0] + at[1] * distance[1] + at[2] * distance[2];
                 _bytes[static_cast<std::size_t>(place)] = cube.voxels[cube.index(at[0], at[1], at[2])];
             }
@@ -132,7 +137,7 @@ BenchVolume::BenchVolume(Cube const& cube, Layout const& layout) : _side(cube.si
 }
 
 plain::ScanArguments BenchVolume::arguments(unsigned int step) const {
-    return {_bytes.data() + _first, _increments, step, {0, 0, 0}, {_side, _side, _side}};
+    return {_bytes.data() + _first, _increments, step, {0, 0, 0}, _size};
 }
 
 } // namespace tamo::bench

@@ -36,22 +36,24 @@ struct Layout {
     /// The axes from the fastest to the slowest.
     std::size_t order[3];
     /// Distance between neighbours along the fastest axis; negative where all addresses fall.
-    int spacing;
+    int spacing = 1;
     /// Unused bytes after each row.
-    int gap;
+    int gap = 0;
+    /// How many voxels of the cube are taken along the fastest axis; 0 for all.
+    int width = 0;
 };
 
-/// A cube laid out in memory for a scan.
+/// A cube, or a slice of it, laid out in memory for a scan.
 class BenchVolume {
   public:
     BenchVolume(Cube const& cube, Layout const& layout);
 
-    /// Returns the arguments of a scan of the whole cube.
+    /// Returns the arguments of a scan of all voxels.
     [[nodiscard]] plain::ScanArguments arguments(unsigned int step) const;
     [[nodiscard]] std::vector<unsigned char> const& bytes() const { return _bytes; }
 
   private:
-    int _side;
+    GLtVec3<int> _size;
     std::vector<unsigned char> _bytes;
     std::ptrdiff_t _first;
     GLtVec3<int> _increments;

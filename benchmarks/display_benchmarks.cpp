@@ -66,7 +66,7 @@ class PreparingReceiver : public IPolygonAggregator {
 class Scene {
   public:
     explicit Scene(std::string const& brainFile)
-        : _context(512), _volume(makeBrain(kSide, brainFile), {"x", {0, 1, 2}, 1, 0}), name(glGenLists(1)) {
+        : _context(512), _volume(makeBrain(kSide, brainFile), {"x", {0, 1, 2}}), name(glGenLists(1)) {
         GLObjectListForNeighborhood(Neighborhood::N14II, _objects);
         glOrtho(0, kSide, 0, kSide, -kSide, kSide);
         glEnable(GL_DEPTH_TEST);

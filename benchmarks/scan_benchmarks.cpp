@@ -25,15 +25,19 @@ struct Pattern {
 
 constexpr int kLargest = 512;
 
-constexpr Layout kContiguous[] = {{"x", {0, 1, 2}, 1, 0}, {"y", {1, 0, 2}, 1, 0}, {"z", {2, 1, 0}, 1, 0}};
+constexpr Layout kContiguous[] = {{"x", {0, 1, 2}}, {"y", {1, 0, 2}}, {"z", {2, 1, 0}}};
 // Layouts that a caller may have as well: parts of a larger volume, colours beside each other, all of it mirrored.
-constexpr Layout kOdd[] = {{"y_z_x", {1, 2, 0}, 1, 0},   {"x_z_y", {0, 2, 1}, 1, 0},   {"z_x_y", {2, 0, 1}, 1, 0},
+constexpr Layout kOdd[] = {{"y_z_x", {1, 2, 0}},         {"x_z_y", {0, 2, 1}},         {"z_x_y", {2, 0, 1}},
                            {"x_gaps", {0, 1, 2}, 1, 27}, {"y_gaps", {1, 0, 2}, 1, 27}, {"z_gaps", {2, 1, 0}, 1, 27},
-                           {"x_back", {0, 1, 2}, -1, 0}, {"y_back", {1, 0, 2}, -1, 0}, {"z_back", {2, 1, 0}, -1, 0},
-                           {"x_by_2", {0, 1, 2}, 2, 0},  {"y_by_2", {1, 0, 2}, 2, 0},  {"z_by_2", {2, 1, 0}, 2, 0},
-                           {"x_by_3", {0, 1, 2}, 3, 0},  {"y_by_3", {1, 0, 2}, 3, 0},  {"z_by_3", {2, 1, 0}, 3, 0},
-                           {"x_by_4", {0, 1, 2}, 4, 0},  {"y_by_4", {1, 0, 2}, 4, 0},  {"z_by_4", {2, 1, 0}, 4, 0},
-                           {"x_by_7", {0, 1, 2}, 7, 0},  {"y_by_7", {1, 0, 2}, 7, 0},  {"z_by_7", {2, 1, 0}, 7, 0}};
+                           {"x_back", {0, 1, 2}, -1},    {"y_back", {1, 0, 2}, -1},    {"z_back", {2, 1, 0}, -1},
+                           {"x_by_2", {0, 1, 2}, 2},     {"y_by_2", {1, 0, 2}, 2},     {"z_by_2", {2, 1, 0}, 2},
+                           {"x_by_3", {0, 1, 2}, 3},     {"y_by_3", {1, 0, 2}, 3},     {"z_by_3", {2, 1, 0}, 3},
+                           {"x_by_4", {0, 1, 2}, 4},     {"y_by_4", {1, 0, 2}, 4},     {"z_by_4", {2, 1, 0}, 4},
+                           {"x_by_7", {0, 1, 2}, 7},     {"y_by_7", {1, 0, 2}, 7},     {"z_by_7", {2, 1, 0}, 7}};
+// Sheets of a few voxels across the densest axis. The ball does not reach into them: they have no cut cells.
+constexpr Layout kThin[] = {{"x_thin_8", {0, 1, 2}, 1, 0, 8}, {"y_thin_8", {1, 0, 2}, 1, 0, 8},
+                            {"z_thin_8", {2, 1, 0}, 1, 0, 8}, {"x_thin_7", {0, 1, 2}, 1, 0, 7},
+                            {"y_thin_7", {1, 0, 2}, 1, 0, 7}, {"z_thin_7", {2, 1, 0}, 1, 0, 7}};
 
 // The volume that the running benchmark needs: made when a benchmark first asks for it, then kept for those that
 // follow, so that one large volume at a time is in memory.
@@ -63,12 +67,24 @@ class Stage {
         return _objects;
     }
 
+    // Returns the same with a polygon for empty and for full cells, so that a count has to count those as well.
+    GLObjectList const& objectsForAllCells() {
+        if (_objectsForAllCells.size() == 0) {
+            GLObjectListForNeighborhood(Neighborhood::N14II, _objectsForAllCells);
+            for (std::size_t const slot : {std::size_t{0}, std::size_t{255}}) {
+                _objectsForAllCells[slot]->push_back(std::make_unique<GLPolygon>(3U).release());
+            }
+        }
+        return _objectsForAllCells;
+    }
+
   private:
     std::string _cubeName;
     Cube _cube{};
     std::string _volumeName;
     std::unique_ptr<BenchVolume> _volume;
     GLObjectList _objects;
+    GLObjectList _objectsForAllCells;
 };
 
 Stage& stage() {
@@ -84,6 +100,11 @@ void wrapPlainly(plain::ScanArguments const& a, IPolygonAggregator& receiver) {
     plain::wrapGlobal(a, stage().objects(), receiver);
 }
 
+void tellSamples(benchmark::State& state, plain::ScanArguments const& a) {
+    auto const along = [&a](int extent) { return static_cast<double>(static_cast<unsigned int>(extent) / a.step); };
+    state.counters["samples"] = along(a.extent.x) * along(a.extent.y) * along(a.extent.z);
+}
+
 void count(benchmark::State& state, plain::ScanArguments const& a,
            void (*scan)(plain::ScanArguments const&, IPolygonAggregator&)) {
     CountingReceiver receiver;
@@ -91,9 +112,11 @@ void count(benchmark::State& state, plain::ScanArguments const& a,
         receiver.cells = 0;
         scan(a, receiver);
     }
-    auto const side = static_cast<double>(static_cast<unsigned int>(a.extent.x) / a.step + 1);
+    auto const along = [&a](int extent) { return static_cast<double>(static_cast<unsigned int>(extent) / a.step + 1); };
     state.counters["cells"] = static_cast<double>(receiver.cells);
-    state.counters["share"] = static_cast<double>(receiver.cells) / (side * side * side);
+    state.counters["share"] =
+        static_cast<double>(receiver.cells) / (along(a.extent.x) * along(a.extent.y) * along(a.extent.z));
+    tellSamples(state, a);
 }
 
 void collect(benchmark::State& state, plain::ScanArguments const& a,
@@ -105,12 +128,13 @@ void collect(benchmark::State& state, plain::ScanArguments const& a,
     }
 }
 
-void info(benchmark::State& state, plain::ScanArguments const& a) {
+void info(benchmark::State& state, plain::ScanArguments const& a, GLObjectList const& objects) {
     GLDataInfo info;
     for (auto _ : state) {
-        getGLDataInfo(a.data, a.increments, a.step, a.origin, a.extent, stage().objects(), info);
+        getGLDataInfo(a.data, a.increments, a.step, a.origin, a.extent, objects, info);
         benchmark::DoNotOptimize(info.primitives());
     }
+    tellSamples(state, a);
 }
 
 void infoPlainly(benchmark::State& state, plain::ScanArguments const& a) {
@@ -154,7 +178,11 @@ class Group {
         constexpr int kRepetitions = 9;
         addScan(
             "wrap", step, [](auto& state, auto const& a) { count(state, a, wrap); }, kRepetitions);
-        addScan("info", step, info, kRepetitions);
+        addScan(
+            "info", step, [](auto& state, auto const& a) { info(state, a, stage().objects()); }, kRepetitions);
+    }
+    void addCountOfAllCells() const {
+        addScan("infoAll", 1, [](auto& state, auto const& a) { info(state, a, stage().objectsForAllCells()); });
     }
     void addReading() const { addScan("read", 1, read); }
     void addCollecting() const {
@@ -215,6 +243,7 @@ void registerFullScans(Pattern const& pattern, int side) {
         Group const group(pattern, side, layout);
         group.addMemoryPass();
         group.addReading();
+        group.addCountOfAllCells();
         for (unsigned int const step : {1U, 2U, 3U}) {
             group.addScans(step);
             // Plain walks of the largest volumes take a second each: those that the targets name are enough.
@@ -229,10 +258,9 @@ void registerFullScans(Pattern const& pattern, int side) {
     }
 }
 
-void registerOddScans(Pattern const& pattern) {
-    constexpr int kSide = 256;
-    for (Layout const& layout : kOdd) {
-        Group const group(pattern, kSide, layout);
+template <std::size_t Count> void registerOddScans(Pattern const& pattern, int side, Layout const (&layouts)[Count]) {
+    for (Layout const& layout : layouts) {
+        Group const group(pattern, side, layout);
         group.addMemoryPass();
         group.addScans(1);
     }
@@ -244,7 +272,8 @@ void registerScans(std::string const& brainFile) {
     std::vector<Pattern> patterns = {
         {"ball", makeBall, true}, {"gyroid", makeGyroid, true}, {"balls", makeBalls, false}};
     registerSmallScans({patterns[0], patterns[1]});
-    registerOddScans(patterns[0]);
+    registerOddScans(patterns[0], 256, kOdd);
+    registerOddScans(patterns[0], kLargest, kThin);
     if (!brainFile.empty()) {
         patterns.push_back({"brain", [brainFile](int side) { return makeBrain(side, brainFile); }, false});
     }

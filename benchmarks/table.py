@@ -42,8 +42,8 @@ class Run:
         return self.time(what, *where) / self.time(whats, *where)
 
     def times_faster(self, what, key):
-        """The plain walk's time over the library's, as text; empty where the plain walk was not measured."""
-        return f"{self.ratio(what + 'Plain', what, *key):.1f}" if self.has(what + "Plain", *key) else ""
+        """The plain walk's time over the library's, as text; a dash where the plain walk was not measured."""
+        return f"{self.ratio(what + 'Plain', what, *key):.1f}" if self.has(what + "Plain", *key) else "-"
 
 
 def print_table(title, head, rows):
@@ -79,20 +79,25 @@ def target_rows(run):
         yield at_most("`getGLDataInfo`, ball" + where + ": memory passes", run.ratio("info", "memory", *ball), 3, "")
         yield at_least("`getGLDataInfo`, dense" + where + ": times faster than the plain count",
                        run.ratio("infoPlain", "info", *dense), 10, "")
-    large = [key for key in run.keys("info") if int(key[1]) in SIDES and key[2] in AXES]
+    large = [key for key in run.keys("wrap") if int(key[1]) in SIDES and key[2] in AXES]
     slowest = max(large, key=lambda key: run.ratio("info", "wrap", *key))
     yield at_most(f"`getGLDataInfo`, 64³ to 512³: times the time of `wrapGlobal`; worst: {' '.join(slowest)}",
                   run.ratio("info", "wrap", *slowest), 1, "")
+    small = [key for key in run.keys("wrapPlain") if int(key[1]) < 64]
+    slowest = max(small, key=lambda key: run.ratio("info", "wrap", *key))
+    yield at_most(f"... 2³ to 32³; worst: {' '.join(slowest)}", run.ratio("info", "wrap", *slowest), 1, "")
     for name, fast, plain in (("wrapGlobal", "wrap", "wrapPlain"), ("getGLDataInfo", "info", "infoPlain")):
         small = [key for key in run.keys(plain) if int(key[1]) <= 64]
         slowest = min(small, key=lambda key: run.ratio(plain, fast, *key))
         yield at_least(f"`{name}`, 2³ to 64³: times faster than the plain walk; worst: {' '.join(slowest)}",
                        run.ratio(plain, fast, *slowest), 1, "")
-    for apart, keys in (("up to 4 bytes apart", [key for key in odd_layouts(run) if not key[2].endswith("7")]),
-                        ("7 bytes apart", [key for key in odd_layouts(run) if key[2].endswith("7")])):
-        slowest = max(keys, key=lambda key: times_contiguous(run, key))
-        yield at_most(f"A sample, {apart}: times contiguous; worst: {name_of_layout(slowest)}",
-                      times_contiguous(run, slowest), 3, "")
+    far = [key for key in odd_layouts(run) if key[2].endswith("by_7")]
+    near = [key for key in odd_layouts(run) if key not in far]
+    for apart, keys in (("up to 4 bytes apart", near), ("7 bytes apart", far)):
+        for name, what in (("wrapGlobal", "wrap"), ("getGLDataInfo", "info")):
+            slowest = max(keys, key=lambda key: times_contiguous(run, what, key))
+            yield at_most(f"`{name}`, samples {apart}: times contiguous; worst: {name_of_layout(slowest)}",
+                          times_contiguous(run, what, slowest), 3, "")
     slowest = max(run.keys("list"), key=lambda key: run.time("list", *key))
     yield at_most(f"A list; slowest: {slowest[0]}", run.time("list", *slowest) / 1000, 5, " ms")
 
@@ -107,7 +112,7 @@ def scan_rows(run):
                            f"{run.time('memory', *key) / 1000:.3f}", f"{run.ratio('read', 'memory', *key):.2f}",
                            f"{run.ratio('wrap', 'memory', *key):.2f}",
                            run.times_faster("wrap", key), f"{run.ratio('info', 'memory', *key):.2f}",
-                           run.times_faster("info", key)]
+                           run.times_faster("info", key), f"{run.ratio('infoAll', 'memory', *key):.2f}"]
 
 
 def collect_rows(run):
@@ -117,18 +122,18 @@ def collect_rows(run):
 
 
 def nanoseconds_a_sample(run, what, key):
-    return 1000 * run.time(what, *key) / (int(key[1]) // int(key[3])) ** 3
+    return 1000 * run.time(what, *key) / run.counter("samples", what, *key)
 
 
 def odd_layouts(run):
     steps = [("ball", str(LARGEST), axis, step) for step in "23" for axis in AXES]
-    return steps + [key for key in run.keys("info") if key[1] == "256" and key[2] not in AXES]
+    return steps + [key for key in run.keys("info") if key[2] not in AXES]
 
 
-def times_contiguous(run, key):
+def times_contiguous(run, what, key):
     """The cost of a sample over that of the same volume with its densest axis contiguous and no step."""
     contiguous = (key[0], key[1], key[2][0], "1")
-    return nanoseconds_a_sample(run, "info", key) / nanoseconds_a_sample(run, "info", contiguous)
+    return nanoseconds_a_sample(run, what, key) / nanoseconds_a_sample(run, what, contiguous)
 
 
 def name_of_layout(key):
@@ -139,9 +144,12 @@ def name_of_layout(key):
 def layout_rows(run):
     contiguous = [("ball", str(side), axis, "1") for side in (LARGEST, 256) for axis in AXES]
     for key in contiguous + odd_layouts(run):
-        limit = f"{run.ratio('info', 'memory', *key):.1f}" if key[3] == "1" else ""
-        yield [f"{name_of_layout(key)}, {key[1]}³", f"{nanoseconds_a_sample(run, 'info', key):.2f}",
-               f"{times_contiguous(run, key):.1f}", limit]
+        row = [f"{name_of_layout(key)}, {key[1]}³"]
+        for what in ("wrap", "info"):
+            # With a step, much of what a pass over memory sums are no samples.
+            passes = f"{run.ratio(what, 'memory', *key):.1f}" if key[3] == "1" else "-"
+            row += [f"{nanoseconds_a_sample(run, what, key):.2f}", f"{times_contiguous(run, what, key):.1f}", passes]
+        yield row
 
 
 def small_rows(run):
@@ -173,10 +181,11 @@ def main():
     print_table("Targets", ("What", "Measured", "Target", ""), target_rows(run))
     print_table("Scans: memory passes, and times faster than the plain walk",
                 ("Volume, contiguous axis", "Cells fetched", "Memory pass, ms", "Reading alone, passes", "`wrapGlobal`, passes", "than plain",
-                 "`getGLDataInfo`, passes", "than plain"), scan_rows(run))
+                 "`getGLDataInfo`, passes", "than plain", "... of all cells, passes"), scan_rows(run))
     print_table("Collecting positions", ("Volume", "Times counting", "Times faster than plain"), collect_rows(run))
-    print_table("Other layouts and steps, `getGLDataInfo`, ball",
-                ("Densest axis", "ns a sample", "Times contiguous", "Memory passes"), layout_rows(run))
+    print_table("Other layouts and steps, ball: `wrapGlobal`, then `getGLDataInfo`",
+                ("Densest axis", "ns a sample", "Times contiguous", "Memory passes",
+                 "ns a sample", "Times contiguous", "Memory passes"), layout_rows(run))
     print_table("Small volumes", ("Volume", "`wrapGlobal`, µs", "Times faster than plain", "`getGLDataInfo`, µs",
                                   "Times faster than plain"), small_rows(run))
     print_table("Lists", ("System", "ms"), ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list")))
