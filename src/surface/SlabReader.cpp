@@ -36,7 +36,7 @@ template <typename ReadSamples> void withCount(std::int64_t place, std::int64_t 
 }
 
 // Memory comes in lines, and these in pairs: on common machines a line alone costs as much as the whole pair.
-constexpr std::uintptr_t kLine = 64;
+constexpr std::int64_t kLine = 64;
 constexpr std::int64_t kLinePair = 2 * kLine;
 
 // Asks for the rows of a block, eight in each of eight planes, while the block before it is read: part by part, so that
@@ -52,15 +52,18 @@ class RowsAhead {
         _lowest = reinterpret_cast<std::uintptr_t>(block) + kTileSide * asAddress(toNext) +
                   asAddress(std::min(toLast, std::ptrdiff_t{0}));
         _bytes = asAddress(std::abs(toLast)) + 1;
+        if (std::min(std::abs(stride.x), std::abs(stride.z)) <= kLine) {
+            // Rows of a line at most that adjoin are one piece of memory, which the hardware prefetches by itself.
+            _next = kRows;
+        }
     }
 
     void fetchPart() {
-        constexpr std::int64_t kRows = kTileSide * kTileSide;
         std::int64_t const end = ++_part * kRows / _parts;
         for (; _next < end; ++_next) {
             std::uintptr_t const row =
                 _lowest + asAddress(_next / kTileSide) * _row + asAddress(_next % kTileSide) * _plane;
-            for (std::uintptr_t line = row / kLine * kLine; line < row + _bytes; line += kLine) {
+            for (std::uintptr_t line = row - row % kLine; line < row + _bytes; line += kLine) {
                 // Into the second-level cache: in the first, rows a power of two apart would push each other out.
                 __builtin_prefetch(reinterpret_cast<void const*>(line), 0, 2);
             }
@@ -68,6 +71,8 @@ class RowsAhead {
     }
 
   private:
+    static constexpr std::int64_t kRows = kTileSide * kTileSide;
+
     // Addresses are numbers here, not pointers: behind the last block there may be nothing. A prefetch ignores that.
     static std::uintptr_t asAddress(std::ptrdiff_t distance) { return static_cast<std::uintptr_t>(distance); }
 

@@ -14,7 +14,7 @@ namespace tamo {
 /// plane's four (dx + 2 dy), its lane i + 1 the corner `NextCorner`.
 template <unsigned int Corner, unsigned int NextCorner> class CornerRow {
   public:
-    /// `tiles` needs a lane block of background behind the last one with cells.
+    /// `tiles` has to be readable one lane block beyond the last with cells; what stands there does not count.
     CornerRow(BitTile const* tiles, std::int64_t octets) : _tiles(tiles), _octets(octets) {}
 
     [[nodiscard]] BitTile any(std::int64_t block, std::int64_t octet) const {
@@ -46,8 +46,9 @@ template <unsigned int Corner, unsigned int NextCorner> class CornerRow {
 
 /// The tiles of one lane block in which some cell is cut, that is, has corners of both kinds; from the lowest z up.
 struct CutTiles {
-    /// Lane 0, and the number of tiles.
+    /// Which column of the row is lane 0.
     std::int64_t firstLane;
+    /// The number of tiles.
     std::size_t count;
     /// The first cell of each tile, a multiple of 8: cell k lies between sample planes k - 1 and k.
     std::uint64_t* firstCell;
