@@ -39,6 +39,27 @@ template <typename ReadSamples> void withCount(std::int64_t place, std::int64_t 
 constexpr std::int64_t kLine = 64;
 constexpr std::int64_t kLinePair = 2 * kLine;
 
+// Addresses are numbers where they may lie outside of the volume: a prefetch of what is not there does nothing.
+std::uintptr_t asAddress(std::ptrdiff_t distance) { return static_cast<std::uintptr_t>(distance); }
+
+// Into the second-level cache: in the first, rows a power of two apart would push each other out.
+void prefetch(std::uintptr_t address) { __builtin_prefetch(reinterpret_cast<void const*>(address), 0, 2); }
+
+// Asks for the lines of the next slab that lie as those of the runs at `first` do, in `rows` rows, `apart` from each
+// other; `place` is the runs' distance from the start of their rows. A step leaves out rows and whole slabs, which ends
+// the streams that the hardware follows. Contiguous samples do without: with so little to read in a line, prefetching
+// costs more than it gains.
+template <typename Run>
+void prefetchNextSlab(unsigned char const* first, std::ptrdiff_t place, Run const& run, std::ptrdiff_t toNextSlab,
+                      std::ptrdiff_t apart, unsigned int rows) {
+    if constexpr (!std::is_same_v<Run, NearRun<1>>) {
+        bool const isFirstOfLine = asAddress(place) % kLine < asAddress(run.span());
+        for (unsigned int j = 0; isFirstOfLine && j < rows; ++j) {
+            prefetch(reinterpret_cast<std::uintptr_t>(first) + asAddress(toNextSlab) + j * asAddress(apart));
+        }
+    }
+}
+
 // Asks for the rows of a block, eight in each of eight planes, while the block before it is read: part by part, so that
 // not too many are under way at a time.
 class RowsAhead {
@@ -64,17 +85,13 @@ class RowsAhead {
             std::uintptr_t const row =
                 _lowest + asAddress(_next / kTileSide) * _row + asAddress(_next % kTileSide) * _plane;
             for (std::uintptr_t line = row - row % kLine; line < row + _bytes; line += kLine) {
-                // Into the second-level cache: in the first, rows a power of two apart would push each other out.
-                __builtin_prefetch(reinterpret_cast<void const*>(line), 0, 2);
+                prefetch(line);
             }
         }
     }
 
   private:
     static constexpr std::int64_t kRows = kTileSide * kTileSide;
-
-    // Addresses are numbers here, not pointers: behind the last block there may be nothing. A prefetch ignores that.
-    static std::uintptr_t asAddress(std::ptrdiff_t distance) { return static_cast<std::uintptr_t>(distance); }
 
     std::uintptr_t _lowest;
     std::uintptr_t _bytes;
@@ -174,7 +191,9 @@ template <typename Run> void SlabReader::readAlongX(std::int64_t y, std::int64_t
                 unsigned char const* const row = grid.at(0, i, z) + run.start();
                 for (std::int64_t x = 0; x < grid.count.x; x += kTileSide, tile += ring.octets) {
                     RunPlace const place(x, grid.count.x);
-                    BitTile const bits = stackRuns(run, row + place.start * grid.stride.x, grid.stride.z, planes);
+                    std::ptrdiff_t const start = place.start * grid.stride.x;
+                    prefetchNextSlab(row + start, start, run, grid.stride.y, grid.stride.z, planes);
+                    BitTile const bits = stackRuns(run, row + start, grid.stride.z, planes);
                     *tile = run.sortedLanes(bits) >> (kTileSide * place.surplus);
                 }
             }
@@ -192,7 +211,9 @@ template <typename Run> void SlabReader::readAlongZ(std::int64_t y, std::int64_t
                 unsigned char const* const column = grid.at(x, i, 0) + run.start();
                 for (std::int64_t z = 0; z < grid.count.z; z += kTileSide, ++tile) {
                     RunPlace const place(z, grid.count.z);
-                    BitTile const bits = packRuns(run, column + place.start * grid.stride.z, grid.stride.x, lanes);
+                    std::ptrdiff_t const start = place.start * grid.stride.z;
+                    prefetchNextSlab(column + start, start, run, grid.stride.y, grid.stride.x, lanes);
+                    BitTile const bits = packRuns(run, column + start, grid.stride.x, lanes);
                     *tile = lowered(run.sortedPlanes(bits), place.surplus);
                 }
             }

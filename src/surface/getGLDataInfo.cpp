@@ -30,9 +30,12 @@ class ReorderedGrid {
         auto const isDenser = [](Axis const& a, Axis const& b) { return std::abs(a.stride) < std::abs(b.stride); };
         std::sort(_axes.begin(), _axes.end(), isDenser);
         // An axis too short for whole runs of samples gives way to the next.
-        auto const isLong = [](Axis const& axis) { return axis.count >= tamo::kTileSide; };
-        auto* const densest = std::find_if(_axes.begin(), _axes.end(), isLong);
-        std::rotate(_axes.begin(), densest, std::min(densest + 1, _axes.end()));
+        std::size_t densest = 0;
+        while (densest < 2 && _axes[densest].count < tamo::kTileSide) {
+            ++densest;
+        }
+        auto* const first = _axes.data();
+        std::rotate(first, first + densest, first + densest + 1);
     }
 
     [[nodiscard]] tamo::SampleGrid grid() const {
@@ -41,7 +44,7 @@ class ReorderedGrid {
                 {_axes[0].count, _axes[1].count, _axes[2].count}};
     }
 
-    // Counts the original grid's configurations, given those of the reordered one.
+    // Returns the original grid's histogram, given that of the reordered one.
     [[nodiscard]] Histogram inOriginalAxes(Histogram const& counted) const {
         std::array<unsigned char, 256> original{};
         Histogram histogram{};
@@ -102,20 +105,22 @@ void addUncutCells(tamo::SampleGrid const& grid, std::uint64_t foreground, Histo
     histogram[0] = cells - std::accumulate(histogram.begin() + 1, histogram.end(), std::uint64_t{0});
 }
 
-Histogram countSmallGrid(tamo::SampleGrid const& grid) {
+Histogram countSmallGrid(tamo::SampleGrid const& grid, bool isCutOnly) {
     Histogram histogram{};
     tamo::SmallScan const scan(grid);
     scan.visitInOrder([&histogram](std::int64_t, std::int64_t) {
         return [&histogram](unsigned char configuration, std::int64_t) { ++histogram[configuration]; };
     });
-    addUncutCells(grid, scan.foreground(), histogram);
+    if (!isCutOnly) {
+        addUncutCells(grid, scan.foreground(), histogram);
+    }
     return histogram;
 }
 
 // Counts the cells of each configuration. Where `isCutOnly`, those that are empty or full may be missing.
 Histogram countCells(tamo::SampleGrid const& grid, bool isCutOnly) {
     if (tamo::SmallScan::fits(grid)) {
-        return countSmallGrid(grid);
+        return countSmallGrid(grid, isCutOnly);
     }
     ReorderedGrid const reordered(grid);
     std::optional<tamo::CellScan> scan;
