@@ -16,9 +16,9 @@ namespace tamo {
 /// are all alike cost nothing more. Writes nothing but its own work space, which construction allocates: with n(a)
 /// samples along axis a and s slabs a read, (s + 2) X Z / 8 + 2 Y Z / 8 + 10 Z + 560 bytes, where X and Y are n(x)
 /// and n(y) rounded up to a multiple of 8, plus 8, and Z is n(z) rounded down, plus 8. For n = 1024 and s = 8 that
-/// is 1.5 MiB. Where y is the densest axis, s is up to 128: 4.3 MiB for n = 512, 17 MiB for n = 1024. That does not stay
-/// in a cache, but passes through it once; fewer slabs would fetch the volume itself several times. A count is free to
-/// exchange axes, and never has y as the densest.
+/// is 1.5 MiB. Where y is the densest axis, s is up to 128: 4.3 MiB for n = 512, 17 MiB for n = 1024. That does not
+/// stay in a cache, but passes through it once; fewer slabs would fetch the volume itself several times. A count is
+/// free to exchange axes, and never has y as the densest.
 class CellScan {
   public:
     /// Throws `std::bad_alloc`.
