@@ -87,6 +87,21 @@ Cube makeBalls(int side) {
     return cube;
 }
 
+Cube makeFull(int side) {
+    Cube cube = makeEmpty(side);
+    std::fill(cube.voxels.begin(), cube.voxels.end(), static_cast<unsigned char>(1));
+    return cube;
+}
+
+Cube makeNoise(int side) {
+    Cube cube = makeEmpty(side);
+    std::mt19937 engine(1);
+    for (unsigned char& voxel : cube.voxels) {
+        voxel = static_cast<unsigned char>(engine() & 1U);
+    }
+    return cube;
+}
+
 Cube makeBrain(int side, std::string const& file) {
     NiftiVolume const volume = readNifti(file);
     int const longest = *std::max_element(volume.size.begin(), volume.size.end());
@@ -108,9 +123,9 @@ Cube makeBrain(int side, std::string const& file) {
 
 BenchVolume::BenchVolume(Cube const& cube, Layout const& layout) : _first(0) {
     auto const [fast, middle, slow] = layout.order;
-    std::array<int, 3> size = {cube.side, cube.side, cube.side};
-    if (layout.width != 0) {
-        size[fast] = layout.width;
+    std::array<int, 3> size{};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        size[axis] = layout.size[axis] != 0 ? layout.size[axis] : cube.side;
     }
     std::array<std::ptrdiff_t, 3> distance{};
     distance[fast] = std::abs(layout.spacing);

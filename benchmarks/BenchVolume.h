@@ -27,6 +27,10 @@ Cube makeBall(int side);
 Cube makeGyroid(int side);
 /// Balls of many sizes that overlap and fill half of the cube.
 Cube makeBalls(int side);
+/// Foreground everywhere.
+Cube makeFull(int side);
+/// Every voxel for itself, one half of them foreground.
+Cube makeNoise(int side);
 /// A volume read from a file, every k-th voxel in the middle of the cube; k is the smallest with which it fits.
 Cube makeBrain(int side, std::string const& file);
 
@@ -39,8 +43,8 @@ struct Layout {
     int spacing = 1;
     /// Unused bytes after each row.
     int gap = 0;
-    /// How many voxels of the cube are taken along the fastest axis; 0 for all.
-    int width = 0;
+    /// How many voxels of the cube are taken along each axis; 0 for all.
+    int size[3] = {0, 0, 0};
 };
 
 /// A cube, or a slice of it, laid out in memory for a scan.

@@ -26,8 +26,12 @@ struct SampleGrid {
                 std::ptrdiff_t{a.origin.z} * a.increments.z),
           stride{std::ptrdiff_t{a.step} * a.increments.x, std::ptrdiff_t{a.step} * a.increments.y,
                  std::ptrdiff_t{a.step} * a.increments.z},
-          count{a.extent.x / std::int64_t{a.step}, a.extent.y / std::int64_t{a.step},
-                a.extent.z / std::int64_t{a.step}} {}
+          count{samples(a.extent.x, a.step), samples(a.extent.y, a.step), samples(a.extent.z, a.step)} {}
+
+    /// Sides are unsigned, whatever their type says.
+    static std::int64_t samples(int side, unsigned int step) {
+        return std::int64_t{static_cast<unsigned int>(side) / step};
+    }
 
     unsigned char const* first;
     GLtVec3<std::ptrdiff_t> stride;

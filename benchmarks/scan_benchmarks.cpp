@@ -35,9 +35,13 @@ constexpr Layout kOdd[] = {{"y_z_x", {1, 2, 0}},         {"x_z_y", {0, 2, 1}},  
                            {"x_by_4", {0, 1, 2}, 4},     {"y_by_4", {1, 0, 2}, 4},     {"z_by_4", {2, 1, 0}, 4},
                            {"x_by_7", {0, 1, 2}, 7},     {"y_by_7", {1, 0, 2}, 7},     {"z_by_7", {2, 1, 0}, 7}};
 // Sheets of a few voxels across the densest axis. The ball does not reach into them: they have no cut cells.
-constexpr Layout kThin[] = {{"x_thin_8", {0, 1, 2}, 1, 0, 8}, {"y_thin_8", {1, 0, 2}, 1, 0, 8},
-                            {"z_thin_8", {2, 1, 0}, 1, 0, 8}, {"x_thin_7", {0, 1, 2}, 1, 0, 7},
-                            {"y_thin_7", {1, 0, 2}, 1, 0, 7}, {"z_thin_7", {2, 1, 0}, 1, 0, 7}};
+constexpr Layout kThin[] = {{"x_thin_8", {0, 1, 2}, 1, 0, {8, 0, 0}}, {"y_thin_8", {1, 0, 2}, 1, 0, {0, 8, 0}},
+                            {"z_thin_8", {2, 1, 0}, 1, 0, {0, 0, 8}}, {"x_thin_7", {0, 1, 2}, 1, 0, {7, 0, 0}},
+                            {"y_thin_7", {1, 0, 2}, 1, 0, {0, 7, 0}}, {"z_thin_7", {2, 1, 0}, 1, 0, {0, 0, 7}}};
+// Images, and a few of them on each other.
+constexpr Layout kFlat[] = {{"x_flat_1", {0, 1, 2}, 1, 0, {0, 0, 1}},
+                            {"x_flat_2", {0, 1, 2}, 1, 0, {0, 0, 2}},
+                            {"x_flat_8", {0, 1, 2}, 1, 0, {0, 0, 8}}};
 
 // The volume that the running benchmark needs: made when a benchmark first asks for it, then kept for those that
 // follow, so that one large volume at a time is in memory.
@@ -229,10 +233,22 @@ class Group {
 
 void registerSmallScans(std::vector<Pattern> const& patterns) {
     for (Pattern const& pattern : patterns) {
-        for (int const side : {2, 3, 4, 8, 9, 12, 16, 32}) {
+        for (int const side : {2, 3, 4, 8, 9, 10, 12, 16, 17, 32}) {
             Group const group(pattern, side, kContiguous[0]);
             group.addScans(1);
             group.addPlainScans(1);
+        }
+    }
+}
+
+void registerFlatScans(std::vector<Pattern> const& patterns) {
+    for (Pattern const& pattern : patterns) {
+        for (int const side : {32, 64, 256}) {
+            for (Layout const& layout : kFlat) {
+                Group const group(pattern, side, layout);
+                group.addScans(1);
+                group.addPlainScans(1);
+            }
         }
     }
 }
@@ -271,7 +287,10 @@ template <std::size_t Count> void registerOddScans(Pattern const& pattern, int s
 void registerScans(std::string const& brainFile) {
     std::vector<Pattern> patterns = {
         {"ball", makeBall, true}, {"gyroid", makeGyroid, true}, {"balls", makeBalls, false}};
-    registerSmallScans({patterns[0], patterns[1]});
+    Pattern const full = {"full", makeFull, false};
+    Pattern const noise = {"noise", makeNoise, false};
+    registerSmallScans({patterns[0], patterns[1], full, noise});
+    registerFlatScans({patterns[0], full, noise});
     registerOddScans(patterns[0], 256, kOdd);
     registerOddScans(patterns[0], kLargest, kThin);
     if (!brainFile.empty()) {

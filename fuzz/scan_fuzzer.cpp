@@ -5,18 +5,14 @@
 #include "tests/support/RecordingAggregator.h"
 
 #include <cstdlib>
-#include <memory>
 
 using namespace tamo;
 
 // Returns a list whose objects carry their slot's number and count like no other, slots 0 and 255 included.
 static GLObjectList const& objects() {
     static GLObjectList list;
-    for (unsigned int c = list.size(); c < 256; ++c) {
-        auto object = std::make_unique<GLObject>();
-        object->push_back(std::make_unique<GLPolygon>(3 + c).release());
-        (*object)[0]->setNormals(GLVec3f(static_cast<float>(c), 0.0F, 0.0F));
-        list.push_back(object.release());
+    if (list.size() == 0) {
+        test::makeMarkedList(list, 256, 1);
     }
     return list;
 }

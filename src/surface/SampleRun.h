@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
 namespace tamo {
@@ -38,9 +37,6 @@ template <unsigned int Distance> class NearRun {
   public:
     /// `stride` is the address distance between samples: `Distance` or its negative.
     explicit NearRun(std::ptrdiff_t stride) : _isBackwards(stride < 0) {}
-
-    /// Returns the address distance between this run and the next one in the same direction, without its sign.
-    [[nodiscard]] static constexpr std::ptrdiff_t span() { return std::ptrdiff_t{kTileSide} * Distance; }
 
     /// Returns where a load starts, seen from the first sample.
     [[nodiscard]] std::ptrdiff_t start() const { return _isBackwards ? -std::ptrdiff_t{kLast} * Distance : 0; }
@@ -114,7 +110,6 @@ class FarRun {
   public:
     explicit FarRun(std::ptrdiff_t stride) : _stride(stride) {}
 
-    [[nodiscard]] std::ptrdiff_t span() const { return kTileSide * std::abs(_stride); }
     [[nodiscard]] static constexpr std::ptrdiff_t start() { return 0; }
 
     [[nodiscard]] std::uint64_t load(unsigned char const* first) const {

@@ -48,59 +48,41 @@ void prefetch(std::uintptr_t address) {
     __builtin_prefetch(reinterpret_cast<void const*>(address), 0, 2);
 }
 
-// Asks for the lines of the next slab that lie as those of the runs at `first` do, in `rows` rows, `apart` from each
-// other; `place` is the runs' distance from the start of their rows. A step leaves out rows and whole slabs, which ends
-// the streams that the hardware follows. Contiguous samples do without: with so little to read in a line, prefetching
-// costs more than it gains.
-template <typename Run>
-void prefetchNextSlab(unsigned char const* first, std::ptrdiff_t place, Run const& run, std::ptrdiff_t toNextSlab,
-                      std::ptrdiff_t apart, unsigned int rows) {
-    if constexpr (!std::is_same_v<Run, NearRun<1>>) {
-        bool const isFirstOfLine = asAddress(place) % kLine < asAddress(run.span());
-        for (unsigned int j = 0; isFirstOfLine && j < rows; ++j) {
-            prefetch(reinterpret_cast<std::uintptr_t>(first) + asAddress(toNextSlab) + j * asAddress(apart));
-        }
-    }
-}
-
-// Asks for the rows of a block, eight in each of eight planes, while the block before it is read: part by part, so that
-// not too many are under way at a time.
+// Asks for the rows of the block behind one while that is read: part by part, so that not too many are under way at a
+// time.
 class RowsAhead {
   public:
-    // `block` is the first of `count` samples of the first row of the block that is read; from there it is eight times
-    // `toNext` to the next one.
-    RowsAhead(unsigned char const* block, std::ptrdiff_t toNext, std::int64_t count,
+    // `start` is the first of `count` samples of the first row of the block to ask for, which has `lanes` rows in each
+    // of `planes` planes.
+    RowsAhead(std::uintptr_t start, std::int64_t count, std::int64_t lanes, std::int64_t planes,
               GLtVec3<std::ptrdiff_t> const& stride)
-        : _row(asAddress(stride.x)), _plane(asAddress(stride.z)), _parts(tilesFor(count)) {
+        : _row(asAddress(stride.x)), _plane(asAddress(stride.z)), _planes(planes), _parts(tilesFor(count)),
+          _rows(lanes * planes) {
         std::ptrdiff_t const toLast = (count - 1) * stride.y;
-        _lowest = reinterpret_cast<std::uintptr_t>(block) + kTileSide * asAddress(toNext) +
-                  asAddress(std::min(toLast, std::ptrdiff_t{0}));
+        _lowest = start + asAddress(std::min(toLast, std::ptrdiff_t{0}));
         _bytes = asAddress(std::abs(toLast)) + 1;
-        if (std::min(std::abs(stride.x), std::abs(stride.z)) <= kLine) {
-            // Rows of a line at most that adjoin are one piece of memory, which the hardware prefetches by itself.
-            _next = kRows;
-        }
     }
 
     void fetchPart() {
-        std::int64_t const end = ++_part * kRows / _parts;
+        std::int64_t const end = ++_part * _rows / _parts;
         for (; _next < end; ++_next) {
             std::uintptr_t const row =
-                _lowest + asAddress(_next / kTileSide) * _row + asAddress(_next % kTileSide) * _plane;
-            for (std::uintptr_t line = row - row % kLine; line < row + _bytes; line += kLine) {
-                prefetch(line);
+                _lowest + asAddress(_next / _planes) * _row + asAddress(_next % _planes) * _plane;
+            std::uintptr_t const lines = (row % kLine + _bytes + kLine - 1) / kLine;
+            for (std::uintptr_t line = 0; line < lines; ++line) {
+                prefetch(row + line * kLine);
             }
         }
     }
 
   private:
-    static constexpr std::int64_t kRows = kTileSide * kTileSide;
-
     std::uintptr_t _lowest;
     std::uintptr_t _bytes;
     std::uintptr_t _row;
     std::uintptr_t _plane;
+    std::int64_t _planes;
     std::int64_t _parts;
+    std::int64_t _rows;
     std::int64_t _part = 0;
     std::int64_t _next = 0;
 };
@@ -114,9 +96,10 @@ std::int64_t samplesInPair(unsigned char const* sample, std::ptrdiff_t stride) {
 } // namespace
 
 SlabReader::SlabReader(SampleGrid const& grid)
-    : _grid(grid), _axis(Axis::kX), _stride(0), _slabsPerRead(1), _slabsOfFirstRead(1) {
+    : _grid(grid), _axis(Axis::kX), _stride(0), _slabsPerRead(1), _slabsOfFirstRead(1), _asksAhead(false) {
     findNearestNeighbors();
     chooseSlabsPerRead();
+    chooseWhatToAskFor();
     _read = readerOfRuns();
 }
 
@@ -142,10 +125,10 @@ void SlabReader::chooseSlabsPerRead() {
     };
     if (_axis == Axis::kY) {
         // As many slabs as voxels come together: with fewer, memory would be fetched more than once.
-        constexpr std::int64_t kPieceOfRow = 512;
+        constexpr std::int64_t kPieceOfRow = 1024;
         _slabsPerRead = slabsIn(kPieceOfRow);
-        // After the first read all start with a pair of lines, if rows do.
-        _slabsOfFirstRead = samplesInPair(_grid.first, _stride);
+        // After the first read all start with a pair of lines, or near it, if rows do.
+        _slabsOfFirstRead = std::abs(_stride) <= kLine ? samplesInPair(_grid.first, _stride) : _slabsPerRead;
     } else {
         if (std::abs(_grid.stride.y) < std::max(std::abs(_grid.stride.x), std::abs(_grid.stride.z))) {
             // Rows of several slabs lie side by side: together they are long enough for the hardware to prefetch.
@@ -155,6 +138,36 @@ void SlabReader::chooseSlabsPerRead() {
         _slabsOfFirstRead = _slabsPerRead;
     }
     _slabsPerRead = std::min(_slabsPerRead, _grid.count.y);
+}
+
+// Decides whether the lines of the next slab, or of the next block, are asked for ahead of their use.
+void SlabReader::chooseWhatToAskFor() {
+    std::int64_t const distance = std::abs(_stride);
+    if (_axis == Axis::kY) {
+        // Rows that share a line are one piece of memory, which the hardware prefetches by itself. Samples more than a
+        // line apart need few of the lines between the first and the last.
+        bool const isOnePiece = std::min(std::abs(_grid.stride.x), std::abs(_grid.stride.z)) <= kLine;
+        _asksAhead = distance <= kLine && !isOnePiece;
+        return;
+    }
+    // A step leaves out rows and whole slabs, which ends the streams that the hardware follows. Contiguous samples do
+    // without: with so little to read in a line, prefetching costs more than it gains.
+    bool const isSpread = distance > 1 && distance * kTileSide <= kLine;
+    // What is read between asking and use must not push out what was asked for.
+    constexpr std::int64_t kMostAhead = 1 << 20;
+    std::int64_t const rows = _slabsPerRead > 1 ? kTileSide : _axis == Axis::kX ? _grid.count.z : _grid.count.x;
+    std::int64_t const samples = _axis == Axis::kX ? _grid.count.x : _grid.count.z;
+    _asksAhead = isSpread && rows <= kMostAhead / kLine && samples <= kMostAhead / (rows * distance);
+}
+
+// Asks for the lines of the next slab that lie as those of the runs at `first` do, in `rows` rows, `apart` from each
+// other; `place` is the runs' distance from the start of their rows.
+void SlabReader::askForNextSlab(unsigned char const* first, std::ptrdiff_t place, std::ptrdiff_t apart,
+                                unsigned int rows) const {
+    bool const isFirstOfLine = asAddress(place) % kLine < asAddress(kTileSide * std::abs(_stride));
+    for (unsigned int j = 0; isFirstOfLine && j < rows; ++j) {
+        prefetch(reinterpret_cast<std::uintptr_t>(first) + asAddress(_grid.stride.y) + j * asAddress(apart));
+    }
 }
 
 template <typename Run> SlabReader::Read SlabReader::readerOf() const {
@@ -185,8 +198,9 @@ SlabReader::Read SlabReader::readerOfRuns() const {
 
 template <typename Run> void SlabReader::readAlongX(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
     Run const run(_stride);
-    // A copy, as the compiler cannot tell that no tile is written over the original.
+    // Copies, as the compiler cannot tell that no tile is written over the originals.
     SampleGrid const grid = _grid;
+    bool const asksAhead = _asksAhead;
     for (std::int64_t z = 0; z < grid.count.z; z += kTileSide) {
         withCount(z, grid.count.z, [&](auto planes) {
             for (std::int64_t i = y; i < y + count; ++i) {
@@ -195,7 +209,9 @@ template <typename Run> void SlabReader::readAlongX(std::int64_t y, std::int64_t
                 for (std::int64_t x = 0; x < grid.count.x; x += kTileSide, tile += ring.octets) {
                     RunPlace const place(x, grid.count.x);
                     std::ptrdiff_t const start = place.start * grid.stride.x;
-                    prefetchNextSlab(row + start, start, run, grid.stride.y, grid.stride.z, planes);
+                    if (asksAhead) {
+                        askForNextSlab(row + start, start, grid.stride.z, planes);
+                    }
                     BitTile const bits = stackRuns(run, row + start, grid.stride.z, planes);
                     *tile = run.sortedLanes(bits) >> (kTileSide * place.surplus);
                 }
@@ -207,6 +223,7 @@ template <typename Run> void SlabReader::readAlongX(std::int64_t y, std::int64_t
 template <typename Run> void SlabReader::readAlongZ(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
     Run const run(_stride);
     SampleGrid const grid = _grid;
+    bool const asksAhead = _asksAhead;
     for (std::int64_t x = 0; x < grid.count.x; x += kTileSide) {
         withCount(x, grid.count.x, [&](auto lanes) {
             for (std::int64_t i = y; i < y + count; ++i) {
@@ -215,7 +232,9 @@ template <typename Run> void SlabReader::readAlongZ(std::int64_t y, std::int64_t
                 for (std::int64_t z = 0; z < grid.count.z; z += kTileSide, ++tile) {
                     RunPlace const place(z, grid.count.z);
                     std::ptrdiff_t const start = place.start * grid.stride.z;
-                    prefetchNextSlab(column + start, start, run, grid.stride.y, grid.stride.x, lanes);
+                    if (asksAhead) {
+                        askForNextSlab(column + start, start, grid.stride.x, lanes);
+                    }
                     BitTile const bits = packRuns(run, column + start, grid.stride.x, lanes);
                     *tile = lowered(run.sortedPlanes(bits), place.surplus);
                 }
@@ -229,13 +248,13 @@ template <typename Run> void SlabReader::readAlongY(std::int64_t y, std::int64_t
     if (std::abs(_grid.stride.x) < std::abs(_grid.stride.z)) {
         for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide) {
             for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide) {
-                readBlockAlongY<Run>(x, y, z, count, ring, _grid.stride.x);
+                readBlockAlongY<Run>({x, y, z}, {x + kTileSide, y, z}, count, ring);
             }
         }
     } else {
         for (std::int64_t x = 0; x < _grid.count.x; x += kTileSide) {
             for (std::int64_t z = 0; z < _grid.count.z; z += kTileSide) {
-                readBlockAlongY<Run>(x, y, z, count, ring, _grid.stride.z);
+                readBlockAlongY<Run>({x, y, z}, {x, y, z + kTileSide}, count, ring);
             }
         }
     }
@@ -243,18 +262,25 @@ template <typename Run> void SlabReader::readAlongY(std::int64_t y, std::int64_t
 
 // Reads one tile of each slab: runs along y are stacked as those along x are, and their lanes handed out to the slabs.
 template <typename Run>
-void SlabReader::readBlockAlongY(std::int64_t x, std::int64_t y, std::int64_t z, std::int64_t count,
-                                 SlabRing const& ring, std::ptrdiff_t toNext) const {
+void SlabReader::readBlockAlongY(GLtVec3<std::int64_t> const& block, GLtVec3<std::int64_t> const& next,
+                                 std::int64_t count, SlabRing const& ring) const {
     Run const run(_stride);
+    auto const [x, y, z] = block;
     std::int64_t const tileInSlab = x / kTileSide * ring.octets + z / kTileSide;
     auto const lanes = std::min(kTileSide, _grid.count.x - x);
-    RowsAhead ahead(_grid.at(x, y, z), toNext, count, _grid.stride);
+    bool const hasNext = next.x < _grid.count.x && next.z < _grid.count.z;
+    bool const asksAhead = _asksAhead && hasNext;
+    RowsAhead ahead(asksAhead ? reinterpret_cast<std::uintptr_t>(_grid.at(next.x, y, next.z)) : 0, count,
+                    std::min(kTileSide, _grid.count.x - next.x), std::min(kTileSide, _grid.count.z - next.z),
+                    _grid.stride);
     withCount(z, _grid.count.z, [&](auto planes) {
         for (std::int64_t i = y; i < y + count; i += kTileSide) {
-            ahead.fetchPart();
+            if (asksAhead) {
+                ahead.fetchPart();
+            }
             // Runs that start early, or end late, only write again, or ahead, what belongs into their slabs.
             std::int64_t const start = RunPlace(i, _grid.count.y).start;
-            unsigned char const* const rows = _grid.at(x, start, z) + run.start();
+            unsigned char const* const rows = _grid.at(block.x, start, block.z) + run.start();
             BitTile words[kTileSide] = {};
             for (std::int64_t lane = 0; lane < lanes; ++lane) {
                 words[lane] = stackRuns(run, rows + lane * _grid.stride.x, _grid.stride.z, planes);

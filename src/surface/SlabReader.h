@@ -49,7 +49,9 @@ class SlabReader {
         return std::min(y == 0 ? _slabsOfFirstRead : _slabsPerRead, _grid.count.y - y);
     }
 
-    /// Fills slabs y to y + count - 1 of the ring, count being `slabsFrom(y)`.
+    /// Fills slabs y to y + count - 1 of the ring, count being `slabsFrom(y)`; the ring has room for `slabsPerRead()` +
+    /// 1, and keeps slab y - 1. Slabs before and behind those may be written as well, with what belongs there: a run is
+    /// as long as it is, and `slabsPerRead()` is a multiple of its length, or all slabs.
     void read(std::int64_t y, std::int64_t count, SlabRing const& ring) const { (this->*_read)(y, count, ring); }
 
   private:
@@ -63,6 +65,9 @@ class SlabReader {
 
     void findNearestNeighbors();
     void chooseSlabsPerRead();
+    void chooseWhatToAskFor();
+    void askForNextSlab(unsigned char const* first, std::ptrdiff_t place, std::ptrdiff_t apart,
+                        unsigned int rows) const;
     [[nodiscard]] Read readerOfRuns() const;
 
     template <typename Run> [[nodiscard]] Read readerOf() const;
@@ -71,8 +76,8 @@ class SlabReader {
     template <typename Run> void readAlongZ(std::int64_t y, std::int64_t count, SlabRing const& ring) const;
 
     template <typename Run>
-    void readBlockAlongY(std::int64_t x, std::int64_t y, std::int64_t z, std::int64_t count, SlabRing const& ring,
-                         std::ptrdiff_t toNext) const;
+    void readBlockAlongY(GLtVec3<std::int64_t> const& block, GLtVec3<std::int64_t> const& next, std::int64_t count,
+                         SlabRing const& ring) const;
 
     SampleGrid _grid;
     /// The axis of the runs, and their address distance between samples.
@@ -81,6 +86,8 @@ class SlabReader {
     Read _read;
     std::int64_t _slabsPerRead;
     std::int64_t _slabsOfFirstRead;
+    /// Whether lines of the next slab, or the next block, are prefetched.
+    bool _asksAhead;
 };
 
 } // namespace tamo

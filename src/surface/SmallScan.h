@@ -12,14 +12,17 @@ namespace tamo {
 
 /// Does what `CellScan` does for grids so small that its preparations would take longer than the scan.
 ///
-/// A column of samples is a word, a byte each. Four columns side by side, shifted and joined, are the configurations of
-/// the column of cells between them, all at once. Allocates nothing.
+/// A column of samples is a word, four bits each. Four columns side by side, each shifted by one more bit and joined,
+/// are the planes of the column of cells between them, and two planes that follow each other are a configuration.
+/// Allocates nothing.
 class SmallScan {
   public:
-    static constexpr std::int64_t kLongest = 8;
+    /// The most cells along any axis.
+    static constexpr std::int64_t kLongest = 100;
 
     [[nodiscard]] static bool fits(SampleGrid const& grid) {
-        return grid.count.x <= kLongest && grid.count.y <= kLongest && grid.count.z <= kLongest;
+        return grid.count.z <= kMostPlanes && grid.count.x < kLongest && grid.count.y < kLongest &&
+               (grid.count.x + 2) * (grid.count.y + 2) <= kMostColumns;
     }
 
     explicit SmallScan(SampleGrid const& grid) : _count(grid.count), _row(grid.count.x + 2) {
@@ -28,7 +31,7 @@ class SmallScan {
             for (std::int64_t x = 0; x < _count.x; ++x) {
                 std::uint64_t samples = 0;
                 for (std::int64_t z = _count.z; z-- > 0;) {
-                    samples = samples << 8U | (*grid.at(x, y, z) & 1U);
+                    samples = samples << kBits | (*grid.at(x, y, z) & 1U);
                 }
                 _columns[place(x, y)] = samples;
             }
@@ -65,51 +68,46 @@ class SmallScan {
         for (std::int64_t y = 0; y < lastY; ++y) {
             visitColumn(-1, y, beginColumn);
         }
-        Cells const corners[] = {cells(-1, -1), cells(-1, lastY), cells(lastX, -1), cells(lastX, lastY)};
+        std::uint64_t const corners[] = {cells(-1, -1), cells(-1, lastY), cells(lastX, -1), cells(lastX, lastY)};
         for (std::int64_t z = -1; z < _count.z; ++z) {
-            visitIfCut(corners[0].at(z), z, beginColumn(-1, -1));
-            visitIfCut(corners[1].at(z), z, beginColumn(-1, lastY));
-            visitIfCut(corners[2].at(z), z, beginColumn(lastX, -1));
-            visitIfCut(corners[3].at(z), z, beginColumn(lastX, lastY));
+            unsigned int const shift = kBits * static_cast<unsigned int>(z + 1);
+            visitIfCut(corners[0] >> shift, z, beginColumn(-1, -1));
+            visitIfCut(corners[1] >> shift, z, beginColumn(-1, lastY));
+            visitIfCut(corners[2] >> shift, z, beginColumn(lastX, -1));
+            visitIfCut(corners[3] >> shift, z, beginColumn(lastX, lastY));
         }
     }
 
   private:
-    /// The configurations of a column of cells: from the lowest up, a byte each, and that of the ninth, if there is
-    /// one.
-    struct Cells {
-        [[nodiscard]] std::uint64_t at(std::int64_t z) const {
-            auto const place = static_cast<unsigned int>(z + 1);
-            return place < kLongest ? firstEight >> (8U * place) : last;
-        }
-
-        std::uint64_t firstEight;
-        std::uint64_t last;
-    };
+    /// A word's bits for a sample, or for the four corners of a plane of cells.
+    static constexpr unsigned int kBits = 4;
+    /// One plane less than a word has room for: below the first there is one of background.
+    static constexpr std::int64_t kMostPlanes = 64 / kBits - 1;
+    static constexpr std::int64_t kMostColumns = 300;
 
     /// Columns are kept with a border of background around them.
     [[nodiscard]] std::int64_t place(std::int64_t x, std::int64_t y) const { return (y + 1) * _row + x + 1; }
 
-    [[nodiscard]] Cells cells(std::int64_t x, std::int64_t y) const {
+    /// Returns a column of cells from the lowest up: each `kBits` above the one before, and in the lowest byte then.
+    [[nodiscard]] std::uint64_t cells(std::int64_t x, std::int64_t y) const {
         std::uint64_t const* const column = _columns + place(x, y);
         std::uint64_t const planes = column[0] | column[1] << 1U | column[_row] << 2U | column[_row + 1] << 3U;
-        return {planes << 8U | planes << 4U, planes >> 56U};
+        return planes << kBits;
     }
 
     template <typename BeginColumn>
     void visitColumn(std::int64_t x, std::int64_t y, BeginColumn const& beginColumn) const {
-        Cells const column = cells(x, y);
-        if (column.firstEight == 0) {
+        std::uint64_t left = cells(x, y);
+        if (left == 0) {
             return;
         }
         auto const visit = beginColumn(x, y);
-        std::int64_t z = -1;
-        for (std::uint64_t left = column.firstEight; left != 0; left >>= 8U, ++z) {
+        for (std::int64_t z = -1; left != 0; left >>= kBits, ++z) {
             visitIfCut(left, z, visit);
         }
-        visitIfCut(column.last, kLongest - 1, visit);
     }
 
+    /// Takes the lowest byte for the configuration.
     template <typename Visit> static void visitIfCut(std::uint64_t cells, std::int64_t z, Visit const& visit) {
         auto const configuration = static_cast<unsigned char>(cells);
         if (configuration != 0 && configuration != 255) {
@@ -119,7 +117,7 @@ class SmallScan {
 
     GLtVec3<std::int64_t> _count;
     std::int64_t _row;
-    std::uint64_t _columns[(kLongest + 2) * (kLongest + 2)];
+    std::uint64_t _columns[kMostColumns];
 };
 
 } // namespace tamo

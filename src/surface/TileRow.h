@@ -99,6 +99,22 @@ void forEachCutBlock(std::int64_t lanes, std::int64_t octets, CutTiles cut, Take
 /// Visits the cut cells of a lane block lane by lane, each from the bottom: `beginColumn(lane)` returns the function
 /// that gets `(configuration, k)` for the cells of that lane. Uses up `cut.cells`.
 template <typename BeginColumn> void visitColumns(CutTiles& cut, BeginColumn const& beginColumn) {
+    // Fewer than this are not worth the turning below.
+    constexpr std::size_t kWorthTurning = 6;
+    if (cut.count < kWorthTurning) {
+        for (unsigned int lane = 0; lane < kTileSide; ++lane) {
+            auto const visit = beginColumn(cut.firstLane + lane);
+            for (std::size_t tile = 0; tile < cut.count; ++tile) {
+                for (unsigned int cells = laneOf(cut.cells[tile], lane); cells != 0; cells &= cells - 1) {
+                    auto const plane = static_cast<unsigned int>(__builtin_ctz(cells));
+                    unsigned int const configuration = laneOf(cut.configurations[kTileSide * tile + plane], lane);
+                    visit(static_cast<unsigned char>(configuration),
+                          static_cast<std::int64_t>(cut.firstCell[tile] + plane));
+                }
+            }
+        }
+        return;
+    }
     // Eight tiles at a time, so that a lane's cells become the bits of one word.
     std::fill_n(cut.cells + cut.count, (kTileSide - cut.count % kTileSide) % kTileSide, BitTile{0});
     for (std::size_t tile = 0; tile < cut.count; tile += kTileSide) {

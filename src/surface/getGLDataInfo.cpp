@@ -13,6 +13,7 @@
 #include <new>
 #include <numeric>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -21,7 +22,8 @@ using Histogram = std::array<std::uint64_t, 256>;
 constexpr unsigned int kFull = 255;
 
 // A sample grid with its axes in the order of their strides, the densest first: a count may visit cells in any order,
-// and this one reads memory from one end to the other, with as little work space as can be.
+// and in this one its eight planes at a time are eight streams of memory, with slabs that lie side by side. Thin grids
+// lie on their side, as planes come by the eight.
 class ReorderedGrid {
   public:
     explicit ReorderedGrid(tamo::SampleGrid const& grid)
@@ -36,6 +38,9 @@ class ReorderedGrid {
         }
         auto* const first = _axes.data();
         std::rotate(first, first + densest, first + densest + 1);
+        if (_axes[2].count < tamo::kTileSide) {
+            std::swap(_axes[1], _axes[2]);
+        }
     }
 
     [[nodiscard]] tamo::SampleGrid grid() const {
@@ -46,6 +51,9 @@ class ReorderedGrid {
 
     // Returns the original grid's histogram, given that of the reordered one.
     [[nodiscard]] Histogram inOriginalAxes(Histogram const& counted) const {
+        if (_axes[0].corner == 1 && _axes[1].corner == 2) {
+            return counted;
+        }
         std::array<unsigned char, 256> original{};
         Histogram histogram{};
         histogram[0] = counted[0];

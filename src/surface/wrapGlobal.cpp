@@ -64,7 +64,7 @@ class PositionTable {
     float operator()(std::int64_t cell) const { return _positions[cell + 1]; }
 
   private:
-    float _positions[tamo::SmallScan::kLongest + 1];
+    float _positions[tamo::SmallScan::kLongest];
 };
 
 // Returns what a scan calls with each column; it hands the column's cells to the receiver.

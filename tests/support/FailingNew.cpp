@@ -10,9 +10,11 @@ namespace {
 bool isArmed = false;
 std::size_t failingAllocation = 0;
 std::size_t allocationCount = 0;
+std::size_t lastAllocation = 0;
 std::ptrdiff_t blockCount = 0;
 
 void* allocate(std::size_t size) {
+    lastAllocation = size;
     if (isArmed && ++allocationCount == failingAllocation) {
         throw std::bad_alloc();
     }
@@ -51,6 +53,8 @@ FailingNew::FailingNew(std::size_t failing) {
 FailingNew::~FailingNew() { isArmed = false; }
 
 std::size_t FailingNew::allocations() { return allocationCount; }
+
+std::size_t FailingNew::lastSize() { return lastAllocation; }
 
 bool FailingNew::hasFailed() { return failingAllocation != 0 && allocationCount >= failingAllocation; }
 

@@ -19,6 +19,8 @@ class FailingNew {
 
     /// Returns the number of allocations asked for, the failed one included.
     [[nodiscard]] static std::size_t allocations();
+    /// Returns the bytes of the allocation asked for last.
+    [[nodiscard]] static std::size_t lastSize();
     /// Tells whether the allocation that was to fail was asked for.
     [[nodiscard]] static bool hasFailed();
     /// Returns the number of blocks allocated and not yet freed in the whole program.

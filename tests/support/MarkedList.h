@@ -8,12 +8,13 @@
 
 namespace tamo::test {
 
-/// Fills `list` with `slots` objects of one triangle each; the triangle's normals carry the number of the slot, which
-/// scaling leaves alone, and its last vertex is (1, 0.5, 0).
-inline void makeMarkedList(GLObjectList& list, unsigned int slots = 256) {
+/// Fills `list` with `slots` objects of one polygon each, a triangle in slot 0, and from slot to slot
+/// `moreVertices` more; its normals carry the number of the slot, which scaling leaves alone, and its third vertex is
+/// (1, 0.5, 0).
+inline void makeMarkedList(GLObjectList& list, unsigned int slots = 256, unsigned int moreVertices = 0) {
     list.clear();
     for (unsigned int c = 0; c < slots; ++c) {
-        auto polygon = std::make_unique<GLPolygon>(3U);
+        auto polygon = std::make_unique<GLPolygon>(3 + c * moreVertices);
         polygon->setNormals(GLVec3f(static_cast<float>(c), 0.0F, 0.0F));
         polygon->vertex(2) = GLVec3f(1.0F, 0.5F, 0.0F);
         polygon->color() = GLVec3f(1.0F, 0.0F, 0.0F);

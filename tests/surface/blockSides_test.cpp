@@ -18,9 +18,15 @@ using namespace tamo::test;
 // with the axes in memory in each order.
 class BlockSides : public testing::TestWithParam<std::array<std::size_t, 3>> {
   protected:
-    BlockSides() { makeMarkedList(list); }
+    BlockSides() {
+        makeMarkedList(list, 256, 1);
+        makeMarkedList(cutCells, 256, 1);
+        cutCells[0]->clear();
+        cutCells[255]->clear();
+    }
 
-    // Scans a volume of random voxels, in which whole blocks are alike as well, and compares with the slow scan.
+    // Scans and counts a volume of random voxels, in which whole blocks are alike as well, and compares with the slow
+    // scan.
     void checkSamples(Triple const& samples, VolumeLayout const& layout, unsigned int step = 1, int lowest = 0) {
         int const edge = static_cast<int>(step);
         Triple const origin = {lowest, lowest, lowest};
@@ -40,10 +46,26 @@ class BlockSides : public testing::TestWithParam<std::array<std::size_t, 3>> {
         EXPECT_TRUE(
             wrapGlobal(volume.data(), volume.increments(), step, toVec3(origin), toVec3(extent), list, receiver));
         auto const valueAt = [&volume](int x, int y, int z) { return volume.at(x, y, z); };
+        SCOPED_TRACE(testing::PrintToString(samples) + " spacing " + std::to_string(layout.spacing) + " step " +
+                     std::to_string(step) + " from " + std::to_string(lowest));
+        Emissions const expected = ReferenceScan(box).emissions(valueAt);
         // Not by EXPECT_EQ: it would print every cell.
-        EXPECT_TRUE(receiver.emissions == ReferenceScan(box).emissions(valueAt))
-            << testing::PrintToString(samples) << " spacing " << layout.spacing << " step " << step << " from "
-            << lowest;
+        EXPECT_TRUE(receiver.emissions == expected);
+        checkCount(volume, box, cutCells, expected);
+        checkCount(volume, box, list, ReferenceScan(box).allCells(valueAt));
+    }
+
+    static void checkCount(PlainVolume const& volume, ScanBox const& box, GLObjectList const& objects,
+                           Emissions const& counted) {
+        GLDataInfo info;
+        EXPECT_TRUE(getGLDataInfo(volume.data(), volume.increments(), box.step, toVec3(box.origin), toVec3(box.extent),
+                                  objects, info));
+        std::size_t triangles = 0;
+        for (Emission const& cell : counted) {
+            triangles += 1 + cell.configuration;
+        }
+        EXPECT_EQ(info.primitives(), counted.size());
+        EXPECT_EQ(info.triangles(), triangles);
     }
 
     [[nodiscard]] VolumeLayout layout(bool isBackwards = false, int spacing = 1) const {
@@ -54,7 +76,9 @@ class BlockSides : public testing::TestWithParam<std::array<std::size_t, 3>> {
         return made;
     }
 
+    // Objects that differ in how much they count, one in each slot, and the same without those of empty and full cells.
     GLObjectList list;
+    GLObjectList cutCells;
     std::mt19937 engine{1};
 };
 
@@ -123,6 +147,24 @@ TEST_P(BlockSides, ThinVolumes) {
     checkSamples({1, 1, 300}, layout());
     checkSamples({1, 300, 1}, layout());
     checkSamples({300, 1, 1}, layout(true));
+}
+
+// Where volumes are small enough to be kept as a whole, and where they are not any more.
+TEST_P(BlockSides, SmallVolumesAroundTheirLimits) {
+    for (Triple const& samples : {Triple{13, 18, 15},
+                                  {18, 13, 15},
+                                  {18, 13, 16},
+                                  {18, 14, 15},
+                                  {98, 1, 15},
+                                  {99, 1, 15},
+                                  {1, 98, 2},
+                                  {1, 99, 2},
+                                  {2, 30, 2},
+                                  {100, 1, 1},
+                                  {1, 100, 1}}) {
+        checkSamples(samples, layout());
+        checkSamples(samples, layout(true, 3), 2, 1);
+    }
 }
 
 // Samples up to four apart are read together, those farther apart one by one.

@@ -39,7 +39,7 @@ std::vector<GuardedCase> guardedCases() {
     for (std::size_t axis = 0; axis < 3; ++axis) {
         for (RowPlace const place : {RowPlace::kPageStart, RowPlace::kPageEnd}) {
             for (bool const isBackwards : {false, true}) {
-                for (unsigned int step = 1; step <= 3; ++step) {
+                for (unsigned int step = 1; step <= 5; ++step) {
                     cases.push_back({axis, place, isBackwards, step});
                 }
             }
@@ -132,6 +132,7 @@ TEST_P(ScanBounds, NothingButSamplesIsRead) {
         GLDataInfo info;
         EXPECT_TRUE(getGLDataInfo(volume.first(), toVec3(volume.increments), box.step, {0, 0, 0}, toVec3(box.extent),
                                   list, info));
+        EXPECT_EQ(info.primitives(), ReferenceScan(box).allCells(valueAt).size());
     }
 }
 

@@ -62,6 +62,35 @@ TEST_F(WorkSpace, IsAllocatedBeforeTheFirstFetchAndFreedAtTheEnd) {
     EXPECT_EQ(FailingNew::liveBlocks(), before);
 }
 
+// s slabs are read at a time: one where y is the slowest axis, and more the nearer slabs lie to each other.
+TEST_F(WorkSpace, HasTheSizeOfItsFormula) {
+    struct Case {
+        GLtVec3<int> extent;
+        GLtVec3<int> increments;
+        std::size_t s;
+    };
+    std::vector<unsigned char> voxels(200 * 160 * 90);
+    for (Case const& c : {Case{{200, 160, 90}, {1, 200, 200 * 160}, 8},
+                          {{200, 160, 90}, {1, 200 * 90, 200}, 1},
+                          {{20, 160, 90}, {1, 20, 20 * 160}, 48},
+                          {{200, 160, 90}, {160, 1, 200 * 160}, 128},
+                          {{200, 100, 90}, {160, 1, 200 * 160}, 100},
+                          {{40, 30, 90}, {1200, 40, 1}, 24},
+                          {{40, 31, 90}, {2790, 9, 279}, 31}}) {
+        auto const roundedUp = [](int n) { return static_cast<std::size_t>((n + 7) / 8 * 8 + 8); };
+        std::size_t const x = roundedUp(c.extent.x);
+        std::size_t const y = roundedUp(c.extent.y);
+        std::size_t const z = static_cast<std::size_t>(c.extent.z / 8 * 8 + 8);
+        CallCounter receiver;
+        {
+            FailingNew const counter;
+            EXPECT_TRUE(wrapGlobal(voxels.data(), c.increments, 1, {0, 0, 0}, c.extent, list, receiver));
+            EXPECT_EQ(FailingNew::allocations(), 1U);
+        }
+        EXPECT_EQ(FailingNew::lastSize(), (c.s + 2) * x * z / 8 + 2 * y * z / 8 + 10 * z + 560) << c.s;
+    }
+}
+
 TEST_F(WorkSpace, AScanWithoutItIsRefusedWithItsMessage) {
     StreamCapture const messages(std::cerr);
     CallCounter receiver;
