@@ -189,15 +189,15 @@ class Group {
         addScan("infoAll", 1, [](auto& state, auto const& a) { info(state, a, stage().objectsForAllCells()); });
     }
     void addReading() const { addScan("read", 1, read); }
-    void addCollecting() const {
-        addScan("collect", 1, [](auto& state, auto const& a) { collect(state, a, wrap); });
+    void addCollecting(unsigned int step) const {
+        addScan("collect", step, [](auto& state, auto const& a) { collect(state, a, wrap); });
     }
     void addPlainScans(unsigned int step) const {
         addScan("wrapPlain", step, [](auto& state, auto const& a) { count(state, a, wrapPlainly); });
         addScan("infoPlain", step, infoPlainly);
     }
-    void addPlainCollecting() const {
-        addScan("collectPlain", 1, [](auto& state, auto const& a) { collect(state, a, wrapPlainly); });
+    void addPlainCollecting(unsigned int step) const {
+        addScan("collectPlain", step, [](auto& state, auto const& a) { collect(state, a, wrapPlainly); });
     }
 
   private:
@@ -262,14 +262,14 @@ void registerFullScans(Pattern const& pattern, int side) {
         group.addCountOfAllCells();
         for (unsigned int const step : {1U, 2U, 3U}) {
             group.addScans(step);
+            group.addCollecting(step);
             // Plain walks of the largest volumes take a second each: those that the targets name are enough.
             if (side < kLargest || (step == 1 && (isFirstLayout || pattern.isTarget))) {
                 group.addPlainScans(step);
             }
-        }
-        if (isFirstLayout) {
-            group.addCollecting();
-            group.addPlainCollecting();
+            if (side < kLargest || (step == 1 && isFirstLayout)) {
+                group.addPlainCollecting(step);
+            }
         }
     }
 }
@@ -279,6 +279,15 @@ template <std::size_t Count> void registerOddScans(Pattern const& pattern, int s
         Group const group(pattern, side, layout);
         group.addMemoryPass();
         group.addScans(1);
+    }
+}
+
+void registerLargeSteps(Pattern const& pattern) {
+    for (Layout const& layout : kContiguous) {
+        Group const group(pattern, kLargest, layout);
+        for (unsigned int const step : {4U, 5U, 8U}) {
+            group.addScans(step);
+        }
     }
 }
 
@@ -293,6 +302,7 @@ void registerScans(std::string const& brainFile) {
     registerFlatScans({patterns[0], full, noise});
     registerOddScans(patterns[0], 256, kOdd);
     registerOddScans(patterns[0], kLargest, kThin);
+    registerLargeSteps(patterns[0]);
     if (!brainFile.empty()) {
         patterns.push_back({"brain", [brainFile](int side) { return makeBrain(side, brainFile); }, false});
     }

@@ -83,17 +83,18 @@ def target_rows(run):
     slowest = max(large, key=lambda key: run.ratio("info", "wrap", *key))
     yield at_most(f"`getGLDataInfo`, 64³ to 512³: times the time of `wrapGlobal`; worst: {' '.join(slowest)}",
                   run.ratio("info", "wrap", *slowest), 1, "")
-    small = [key for key in run.keys("wrapPlain") if int(key[1]) < 64]
+    cubes = [key for key in run.keys("wrapPlain") if key[2] in AXES]
+    small = [key for key in cubes if int(key[1]) < 64]
     slowest = max(small, key=lambda key: run.ratio("info", "wrap", *key))
     yield at_most(f"... 2³ to 32³; worst: {' '.join(slowest)}", run.ratio("info", "wrap", *slowest), 1, "")
     for name, fast, plain in (("wrapGlobal", "wrap", "wrapPlain"), ("getGLDataInfo", "info", "infoPlain")):
-        small = [key for key in run.keys(plain) if int(key[1]) <= 64]
+        small = [key for key in cubes if int(key[1]) <= 64]
         slowest = min(small, key=lambda key: run.ratio(plain, fast, *key))
         yield at_least(f"`{name}`, 2³ to 64³: times faster than the plain walk; worst: {' '.join(slowest)}",
                        run.ratio(plain, fast, *slowest), 1, "")
-    far = [key for key in odd_layouts(run) if key[2].endswith("by_7")]
-    near = [key for key in odd_layouts(run) if key not in far]
-    for apart, keys in (("up to 4 bytes apart", near), ("7 bytes apart", far)):
+    near = [key for key in odd_layouts(run) if bytes_apart(key) <= 3]
+    far = [key for key in odd_layouts(run) if bytes_apart(key) > 3]
+    for apart, keys in (("up to 3 bytes apart", near), ("4 to 8 bytes apart", far)):
         for name, what in (("wrapGlobal", "wrap"), ("getGLDataInfo", "info")):
             slowest = max(keys, key=lambda key: times_contiguous(run, what, key))
             yield at_most(f"`{name}`, samples {apart}: times contiguous; worst: {name_of_layout(slowest)}",
@@ -117,8 +118,18 @@ def scan_rows(run):
 
 def collect_rows(run):
     for key in run.keys("collect"):
-        yield [f"{key[0]}, {key[1]}³", f"{run.ratio('collect', 'wrap', *key):.1f}",
-               f"{run.ratio('collectPlain', 'collect', *key):.1f}"]
+        if key[3] == "1":
+            yield [f"{key[0]}, {key[1]}³, {key[2]}", f"{run.ratio('collect', 'wrap', *key):.1f}",
+                   run.times_faster("collect", key)]
+
+
+def step_rows(run):
+    for key in run.keys("collect"):
+        if key[3] != "1":
+            yield [f"{key[0]}, {key[1]}³, {key[2]}, step {key[3]}", f"{nanoseconds_a_sample(run, 'wrap', key):.2f}",
+                   run.times_faster("wrap", key), f"{nanoseconds_a_sample(run, 'info', key):.2f}",
+                   run.times_faster("info", key), f"{run.ratio('collect', 'wrap', *key):.1f}",
+                   run.times_faster("collect", key)]
 
 
 def nanoseconds_a_sample(run, what, key):
@@ -126,8 +137,14 @@ def nanoseconds_a_sample(run, what, key):
 
 
 def odd_layouts(run):
-    steps = [("ball", str(LARGEST), axis, step) for step in "23" for axis in AXES]
-    return steps + [key for key in run.keys("info") if key[2] not in AXES]
+    """Steps, and layouts other than the contiguous ones; flat volumes, which are small, have a table of their own."""
+    steps = [("ball", str(LARGEST), axis, step) for step in "23458" for axis in AXES]
+    return steps + [key for key in run.keys("info") if key[2] not in AXES and "flat" not in key[2]]
+
+
+def bytes_apart(key):
+    """How far apart a layout's samples are along its densest axis."""
+    return int(key[2].rsplit("_", 1)[1]) if "_by_" in key[2] else int(key[3])
 
 
 def times_contiguous(run, what, key):
@@ -154,9 +171,12 @@ def layout_rows(run):
 
 def small_rows(run):
     for key in run.keys("wrap"):
-        if int(key[1]) <= 64 and key[2:] == ("x", "1") and run.has("wrapPlain", *key):
-            yield [f"{key[0]}, {key[1]}³", f"{run.time('wrap', *key):.2f}", f"{run.ratio('wrapPlain', 'wrap', *key):.2f}",
-                   f"{run.time('info', *key):.2f}", f"{run.ratio('infoPlain', 'info', *key):.2f}"]
+        is_cube = int(key[1]) <= 64 and key[2:] == ("x", "1")
+        if (is_cube or "flat" in key[2]) and run.has("wrapPlain", *key):
+            size = f"{key[1]}³" if is_cube else f"{key[1]} x {key[1]} x {key[2][-1]}"
+            yield [f"{key[0]}, {size}", f"{run.time('wrap', *key):.2f}",
+                   f"{run.ratio('wrapPlain', 'wrap', *key):.2f}", f"{run.time('info', *key):.2f}",
+                   f"{run.ratio('infoPlain', 'info', *key):.2f}"]
 
 
 def display_rows(run):
@@ -180,15 +200,21 @@ def main():
         return 1
     print_table("Targets", ("What", "Measured", "Target", ""), target_rows(run))
     print_table("Scans: memory passes, and times faster than the plain walk",
-                ("Volume, contiguous axis", "Cells fetched", "Memory pass, ms", "Reading alone, passes", "`wrapGlobal`, passes", "than plain",
-                 "`getGLDataInfo`, passes", "than plain", "... of all cells, passes"), scan_rows(run))
+                ("Volume, contiguous axis", "Cells fetched", "Memory pass, ms", "Reading alone, passes",
+                 "`wrapGlobal`, passes", "than plain", "`getGLDataInfo`, passes", "than plain",
+                 "... of all cells, passes"), scan_rows(run))
     print_table("Collecting positions", ("Volume", "Times counting", "Times faster than plain"), collect_rows(run))
+    print_table("Steps: `wrapGlobal`, `getGLDataInfo`, collecting positions",
+                ("Volume, contiguous axis, step", "`wrapGlobal`, ns a sample", "than plain",
+                 "`getGLDataInfo`, ns a sample", "than plain", "Collecting, times counting", "than plain"),
+                step_rows(run))
     print_table("Other layouts and steps, ball: `wrapGlobal`, then `getGLDataInfo`",
                 ("Densest axis", "ns a sample", "Times contiguous", "Memory passes",
                  "ns a sample", "Times contiguous", "Memory passes"), layout_rows(run))
     print_table("Small volumes", ("Volume", "`wrapGlobal`, µs", "Times faster than plain", "`getGLDataInfo`, µs",
                                   "Times faster than plain"), small_rows(run))
-    print_table("Lists", ("System", "ms"), ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list")))
+    print_table("Lists", ("System", "ms"),
+                ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list")))
     if run.has("display", "compile"):
         print_table("A display list of the brain, 256³", ("What", "ms", "ns a polygon", "Share"), display_rows(run))
     return 0

@@ -11,9 +11,7 @@ using namespace tamo;
 // Returns a list whose objects carry their slot's number and count like no other, slots 0 and 255 included.
 static GLObjectList const& objects() {
     static GLObjectList list;
-    if (list.size() == 0) {
-        test::makeMarkedList(list, 256, 1);
-    }
+    list.size() == 0 ? test::makeMarkedList(list, 256, 1) : void();
     return list;
 }
 
@@ -46,8 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* bytes, std::size_t co
     for (int i = 0; i < samples[0] * samples[1] * samples[2]; ++i) {
         int const x = i % samples[0], y = i / samples[0] % samples[1], z = i / samples[0] / samples[1];
         // The bytes that are left are the voxels, eight a byte, again and again.
-        std::size_t const at = count > read ? read + static_cast<std::size_t>(i) / 8 % (count - read) : 0;
-        int const value = count > read ? bytes[at] >> i % 8 & 1 : 1;
+        int const value = count > read ? bytes[read + std::size_t(i) / 8 % (count - read)] >> i % 8 & 1 : 1;
         volume.at(origin[0] + x * step, origin[1] + y * step, origin[2] + z * step) = static_cast<unsigned char>(value);
     }
     plain::ScanArguments const a{volume.data(), volume.increments(), static_cast<unsigned int>(step),
@@ -59,6 +56,5 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* bytes, std::size_t co
                               getGLDataInfo(a.data, a.increments, a.step, a.origin, a.extent, objects(), counted) &&
                               seen.wasDrivenInOrder() && seen.emissions == expected.emissions &&
                               isSame(counted, plain::getGLDataInfo(a, objects()));
-    isAsExpected ? void() : std::abort();
-    return 0;
+    return isAsExpected ? 0 : (std::abort(), 1);
 }
