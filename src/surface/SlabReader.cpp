@@ -265,15 +265,15 @@ template <typename Run>
 void SlabReader::readBlockAlongY(GLtVec3<std::int64_t> const& block, GLtVec3<std::int64_t> const& next,
                                  std::int64_t count, SlabRing const& ring) const {
     Run const run(_stride);
-    auto const [x, y, z] = block;
-    std::int64_t const tileInSlab = x / kTileSide * ring.octets + z / kTileSide;
-    auto const lanes = std::min(kTileSide, _grid.count.x - x);
+    std::int64_t const y = block.y;
+    std::int64_t const tileInSlab = block.x / kTileSide * ring.octets + block.z / kTileSide;
+    auto const lanes = std::min(kTileSide, _grid.count.x - block.x);
     bool const hasNext = next.x < _grid.count.x && next.z < _grid.count.z;
     bool const asksAhead = _asksAhead && hasNext;
     RowsAhead ahead(asksAhead ? reinterpret_cast<std::uintptr_t>(_grid.at(next.x, y, next.z)) : 0, count,
                     std::min(kTileSide, _grid.count.x - next.x), std::min(kTileSide, _grid.count.z - next.z),
                     _grid.stride);
-    withCount(z, _grid.count.z, [&](auto planes) {
+    withCount(block.z, _grid.count.z, [&](auto planes) {
         for (std::int64_t i = y; i < y + count; i += kTileSide) {
             if (asksAhead) {
                 ahead.fetchPart();
