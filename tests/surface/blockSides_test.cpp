@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(AxisOrders, BlockSides,
                                          std::array<std::size_t, 3>{2, 0, 1}, std::array<std::size_t, 3>{2, 1, 0}),
                          nameOfOrder);
 
-// Tiles have a side of 8; up to 8 samples a side are scanned by other means.
+// Tiles have a side of 8; volumes of few columns and up to 15 planes are scanned by other means.
 TEST_P(BlockSides, AllSidesAroundOneAndTwoTiles) {
     constexpr int kSides[] = {7, 8, 9, 15, 16, 17};
     for (int const x : kSides) {
