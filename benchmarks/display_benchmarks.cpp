@@ -4,7 +4,7 @@
 #include "Receivers.h"
 #include "registrations.h"
 
-#include "support/OffscreenContext.h"
+#include "support/opengl/OffscreenContext.h"
 
 #include <tamo/surface/GLPolygonConsumer.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "benchmarks/plain_walk.h"
-#include "tests/support/PlainVolume.h"
+#include "tests/support/volumes/PlainVolume.h"
 #include "tests/support/RecordingAggregator.h"
 
 #include <cstdlib>

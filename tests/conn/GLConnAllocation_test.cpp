@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/Digest.h"
-#include "support/FailingNew.h"
 #include "support/SystemName.h"
+#include "support/memory/FailingNew.h"
 
 #include <tamo/conn/GLConn.h>
 #include <tamo/surface/TAMO.h>

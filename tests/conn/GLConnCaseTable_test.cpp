@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/GLConnAccess.h"
-#include "support/PlainAdjacency.h"
 #include "support/TextCapture.h"
+#include "support/oracle/PlainAdjacency.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/PlainBuilder.h"
 #include "support/TextCapture.h"
+#include "support/oracle/PlainBuilder.h"
 
 #include <tamo/conn/GLConn.h>
 

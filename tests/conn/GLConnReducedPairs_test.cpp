@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/GLConnAccess.h"
-#include "support/PlainBuilder.h"
 #include "support/SystemName.h"
 #include "support/TextCapture.h"
+#include "support/oracle/PlainBuilder.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/Digest.h"
 #include "support/GLConnAccess.h"
-#include "support/PlainBuilder.h"
 #include "support/TextCapture.h"
+#include "support/oracle/PlainBuilder.h"
 
 #include <tamo/surface/TAMO.h>
 

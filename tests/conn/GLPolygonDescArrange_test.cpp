@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/DescriptorTwins.h"
+#include "support/oracle/DescriptorTwins.h"
 
 #include <gtest/gtest.h>
 

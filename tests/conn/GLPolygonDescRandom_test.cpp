@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/DescriptorTwins.h"
-#include "support/PlainAdjacency.h"
+#include "support/oracle/DescriptorTwins.h"
+#include "support/oracle/PlainAdjacency.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 #include <tamo/connectivity/GLConnectivity.h>
 #include <tamo/surface/TAMO.h>
 
-#include "connectivity/ConnectivityPrivates.h"
-#include "support/FailingNew.h"
+#include "support/ConnectivityPrivates.h"
 #include "support/StreamCapture.h"
+#include "support/memory/FailingNew.h"
 
 #include <gtest/gtest.h>
 

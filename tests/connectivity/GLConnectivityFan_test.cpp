@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "connectivity/ConnectivityOracle.h"
-#include "connectivity/ConnectivityPrivates.h"
+#include "support/ConnectivityPrivates.h"
 #include "support/StreamCapture.h"
+#include "support/oracle/ConnectivityOracle.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "connectivity/ConnectivityOracle.h"
-#include "connectivity/ConnectivityPrivates.h"
+#include "support/ConnectivityPrivates.h"
+#include "support/oracle/ConnectivityOracle.h"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/connectivity/GLConnectivity.h>
 
-#include "connectivity/ConnectivityOracle.h"
-#include "connectivity/ConnectivityPrivates.h"
+#include "support/ConnectivityPrivates.h"
 #include "support/Digest.h"
 #include "support/StreamCapture.h"
+#include "support/oracle/ConnectivityOracle.h"
 
 #include <gtest/gtest.h>
 

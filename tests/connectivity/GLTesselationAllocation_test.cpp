@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/connectivity/GLTesselation.h>
 
-#include "support/FailingNew.h"
 #include "support/StreamCapture.h"
+#include "support/memory/FailingNew.h"
 
 #include <gtest/gtest.h>
 

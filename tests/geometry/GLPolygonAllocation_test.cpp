@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/geometry/GLPolygon.h>
 
-#include "support/FailingNew.h"
+#include "support/memory/FailingNew.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/geometry/GLPolygon.h>
 
-#include "support/PlainPolygon.h"
 #include "support/PrivateAccess.h"
+#include "support/oracle/PlainPolygon.h"
 
 #include <gtest/gtest.h>
 

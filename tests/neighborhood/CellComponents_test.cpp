@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/neighborhood/Neighborhood.h>
 
-#include "support/PlainAdjacency.h"
+#include "support/oracle/PlainAdjacency.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "neighborhood/OpenNeighborhood.h"
+#include "support/OpenNeighborhood.h"
 #include "support/PrivateAccess.h"
 #include "support/StreamCapture.h"
 

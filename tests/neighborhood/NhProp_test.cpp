@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/neighborhood/NhProp.h>
 
-#include "support/PlainAdjacency.h"
 #include "support/PrivateAccess.h"
+#include "support/oracle/PlainAdjacency.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/objects/GLObjectList.h>
 
-#include "support/PlainPolygon.h"
+#include "support/oracle/PlainPolygon.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/GlCallRecorder.h"
-#include "support/PlainVolume.h"
+#include "support/opengl/GlCallRecorder.h"
+#include "support/volumes/PlainVolume.h"
 
 #include <tamo/surface/GLPolygonConsumer.h>
 #include <tamo/surface/TAMO.h>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/BlockShadow.h"
-#include "support/OffscreenContext.h"
+#include "support/opengl/OffscreenContext.h"
+#include "support/oracle/BlockShadow.h"
 
 #include <tamo/surface/GLPolygonConsumer.h>
 #include <tamo/surface/TAMO.h>

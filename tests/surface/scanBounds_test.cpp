@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/MappedMemory.h"
 #include "support/RecordingAggregator.h"
-#include "support/ReferenceScan.h"
+#include "support/memory/MappedMemory.h"
+#include "support/oracle/ReferenceScan.h"
 
 #include <tamo/surface/TAMO.h>
 

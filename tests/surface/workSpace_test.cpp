@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/FailingNew.h"
 #include "support/StreamCapture.h"
+#include "support/memory/FailingNew.h"
 
 #include <tamo/surface/TAMO.h>
 

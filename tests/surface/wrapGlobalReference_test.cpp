@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/PlainVolume.h"
 #include "support/RecordingAggregator.h"
-#include "support/ReferenceScan.h"
+#include "support/oracle/ReferenceScan.h"
+#include "support/volumes/PlainVolume.h"
 
 #include <tamo/surface/TAMO.h>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/surface/TAMO.h>
 
-#include "topology/WeldedMesh.h"
+#include "support/oracle/WeldedMesh.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/DrawnSurface.h"
-#include "support/PlainBuilder.h"
 #include "support/SystemName.h"
+#include "support/oracle/DrawnSurface.h"
+#include "support/oracle/PlainBuilder.h"
 
 #include <tamo/conn/GLConn.h>
 

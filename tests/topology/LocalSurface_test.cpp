@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/DrawnSurface.h"
 #include "support/SystemName.h"
+#include "support/oracle/DrawnSurface.h"
 
 #include <gtest/gtest.h>
 

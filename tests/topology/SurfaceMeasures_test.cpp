@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/DigitalObject.h"
-#include "support/ScannedSurface.h"
 #include "support/SystemName.h"
+#include "support/oracle/ScannedSurface.h"
+#include "support/volumes/DigitalObject.h"
 
 #include <gtest/gtest.h>
 

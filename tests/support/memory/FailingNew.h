@@ -8,7 +8,7 @@ namespace tamo::test {
 
 /// Counts the allocations of its lifetime and lets one of them fail.
 ///
-/// Works in programs that compile FailingNew.cpp, which replaces the global operator new. One at a time, one thread.
+/// Works in programs that link tamoFailingNew, which replaces the global operator new. One at a time, one thread.
 class FailingNew {
   public:
     /// Lets the `failing`-th allocation from now on, counted from 1, throw `std::bad_alloc`; 0 lets none fail.

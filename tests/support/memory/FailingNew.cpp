@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/FailingNew.h"
+#include "support/memory/FailingNew.h"
 
 #include <cstdlib>
 #include <new>

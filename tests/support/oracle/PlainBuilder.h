@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "support/PlainAdjacency.h"
-#include "support/PlainDescriptor.h"
+#include "support/oracle/PlainAdjacency.h"
+#include "support/oracle/PlainDescriptor.h"
 
 #include <array>
 #include <vector>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/PlainAdjacency.h"
+#include "support/oracle/PlainAdjacency.h"
 
 #include <algorithm>
 #include <cstdlib>

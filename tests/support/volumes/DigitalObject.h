@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "support/PlainVolume.h"
+#include "support/volumes/PlainVolume.h"
 
 #include <cstdint>
 #include <vector>

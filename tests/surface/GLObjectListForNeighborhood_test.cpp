@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/surface/TAMO.h>
 
-#include "connectivity/ConnectivityOracle.h"
 #include "support/Digest.h"
+#include "support/oracle/ConnectivityOracle.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "support/PlainDescriptor.h"
+#include "support/oracle/PlainDescriptor.h"
 
 #include <tamo/conn/GLPolygonDesc.h>
 

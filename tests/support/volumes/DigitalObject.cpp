@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/DigitalObject.h"
+#include "support/volumes/DigitalObject.h"
 
-#include "support/PlainAdjacency.h"
+#include "support/oracle/PlainAdjacency.h"
 
 #include <algorithm>
 #include <bitset>

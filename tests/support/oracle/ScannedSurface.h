@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "support/DrawnSurface.h"
-#include "support/PlainVolume.h"
+#include "support/oracle/DrawnSurface.h"
+#include "support/volumes/PlainVolume.h"
 
 #include <tamo/surface/IPolygonAggregator.h>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "support/PlainPolygon.h"
+#include "support/oracle/PlainPolygon.h"
 
 #include <tamo/connectivity/GLTesselation.h>
 #include <tamo/objects/GLObjectList.h>

@@ -34,7 +34,7 @@ struct GlCall {
 
 /// Returns the calls since this was last asked, and forgets them.
 ///
-/// Works in programs that compile GlCallRecorder.cpp, which defines the functions of OpenGL that the library calls.
+/// Works in programs that link tamoGlCallRecorder, which defines the functions of OpenGL that the library calls.
 std::vector<GlCall> takeGlCalls();
 
 } // namespace tamo::test

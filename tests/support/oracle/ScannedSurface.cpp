@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/ScannedSurface.h"
+#include "support/oracle/ScannedSurface.h"
 
 #include <tamo/surface/TAMO.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/PlainPolygon.h"
+#include "support/oracle/PlainPolygon.h"
 
 #include <cmath>
 #include <cstring>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/DrawnSurface.h"
+#include "support/oracle/DrawnSurface.h"
 
 #include <tamo/surface/TAMO.h>
 

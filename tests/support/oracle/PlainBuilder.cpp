@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/PlainBuilder.h"
+#include "support/oracle/PlainBuilder.h"
 
 #include <cmath>
 #include <stdexcept>

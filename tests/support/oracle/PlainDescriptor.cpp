@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/PlainDescriptor.h"
+#include "support/oracle/PlainDescriptor.h"
 
 #include <cmath>
 #include <utility>

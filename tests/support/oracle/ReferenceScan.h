@@ -3,7 +3,7 @@
 #pragma once
 
 #include "support/Emission.h"
-#include "support/PlainVolume.h"
+#include "support/volumes/PlainVolume.h"
 
 #include <algorithm>
 #include <cstdint>

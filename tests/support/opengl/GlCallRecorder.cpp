@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/GlCallRecorder.h"
+#include "support/opengl/GlCallRecorder.h"
 
 #include <utility>
 

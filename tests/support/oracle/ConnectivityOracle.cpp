@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "connectivity/ConnectivityOracle.h"
+#include "support/oracle/ConnectivityOracle.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "connectivity/ConnectivityPrivates.h"
+#include "support/ConnectivityPrivates.h"
 
 #include "support/PrivateAccess.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "topology/WeldedMesh.h"
+#include "support/oracle/WeldedMesh.h"
 
 #include <utility>
 
