@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+namespace tamo {
+
+/// The configuration of a cell whose eight corners are all foreground, and the set of all corners.
+constexpr unsigned int kFullCell = 255;
+
+/// The number of cell configurations, and of slots in a complete list.
+constexpr unsigned int kConfigurationCount = kFullCell + 1;
+
+} // namespace tamo
