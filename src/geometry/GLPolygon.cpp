@@ -53,10 +53,9 @@ GLAccess3f GLPolygon::normal(unsigned int i) { return GLAccess3f(vData(i)); }
 GLAccess3f GLPolygon::vertex(unsigned int i) { return GLAccess3f(vData(i) + kPositionOffset); }
 GLAccessNV GLPolygon::access(unsigned int i) { return {vData(i) + kPositionOffset, vData(i)}; }
 
-// The const forms hand out the same view, made read-only by the const of the result; the cast never leads to a write.
-GLAccess3f const GLPolygon::normal(unsigned int i) const { return const_cast<GLPolygon*>(this)->normal(i); }
-GLAccess3f const GLPolygon::vertex(unsigned int i) const { return const_cast<GLPolygon*>(this)->vertex(i); }
-GLAccessNV const GLPolygon::access(unsigned int i) const { return const_cast<GLPolygon*>(this)->access(i); }
+GLConstAccess3f GLPolygon::normal(unsigned int i) const { return GLConstAccess3f(vData(i)); }
+GLConstAccess3f GLPolygon::vertex(unsigned int i) const { return GLConstAccess3f(vData(i) + kPositionOffset); }
+GLConstAccessNV GLPolygon::access(unsigned int i) const { return {vData(i) + kPositionOffset, vData(i)}; }
 
 bool GLPolygon::isFan() const { return _fan; }
 bool GLPolygon::isStrip() const { return _strip; }

@@ -80,7 +80,7 @@ bool Neighborhood::isCrossing(unsigned char a, unsigned char b) const {
     auto const midpoint = [this](unsigned char link) {
         unsigned int const low = tamo::nextCorner(_conn[link], 0);
         unsigned int const high = tamo::nextCorner(_conn[link], low + 1);
-        GLAccess3f const& lower = _vertices->vertex(low);
+        GLConstAccess3f const& lower = _vertices->vertex(low);
         return GLVec3f(lower) + (_vertices->vertex(high) - lower) * 0.5F;
     };
     return midpoint(a) == midpoint(b);

@@ -51,8 +51,8 @@ void NhProp::setupGeometry(unsigned int link) {
     unsigned char const corners = getConn(link);
     _p0[link] = static_cast<unsigned char>(tamo::nextCorner(corners, 0));
     _p1[link] = static_cast<unsigned char>(tamo::nextCorner(corners, _p0[link] + 1U));
-    GLAccess3f const& lower = _vertices->vertex(_p0[link]);
-    GLAccess3f const& higher = _vertices->vertex(_p1[link]);
+    GLConstAccess3f const& lower = _vertices->vertex(_p0[link]);
+    GLConstAccess3f const& higher = _vertices->vertex(_p1[link]);
     _mid[link] = (lower + higher) * 0.5F;
     _dirUp[link] = higher - lower;
     _dirDown[link] = lower - higher;

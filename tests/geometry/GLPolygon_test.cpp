@@ -3,6 +3,7 @@
 #include <tamo/geometry/GLPolygon.h>
 
 #include "support/PrivateAccess.h"
+#include "support/WritableView.h"
 #include "support/oracle/PlainPolygon.h"
 
 #include <gtest/gtest.h>
@@ -90,12 +91,15 @@ TEST(GLPolygon, AccessorsWriteIntoTheArray) {
     EXPECT_EQ(floatsOf(polygon), (std::vector<float>{10, 11, 12, 7, 8, 9, 0, 0, 0, 0, 0, 0, 4, 5, 6, 1, 2, 3}));
 }
 
-TEST(GLPolygon, ReadOnlyFormsAreConst) {
-    static_assert(std::is_same_v<decltype(std::declval<GLPolygon const&>().vData(0)), float const*>);
-    static_assert(std::is_same_v<decltype(std::declval<GLPolygon const&>().color()), GLVec3f const&>);
-    static_assert(!std::is_assignable_v<decltype(std::declval<GLPolygon const&>().vertex(0)), GLVec3f>);
-    static_assert(!std::is_assignable_v<decltype(std::declval<GLPolygon const&>().normal(0)), GLVec3f>);
-    static_assert(!std::is_assignable_v<decltype(std::declval<GLPolygon const&>().access(0).vertex()), GLVec3f>);
+TEST(GLPolygon, ReadOnlyFormsStayReadOnlyThroughCopies) {
+    using Const = GLPolygon const&;
+    static_assert(std::is_same_v<decltype(std::declval<Const>().vData(0)), float const*>);
+    static_assert(std::is_same_v<decltype(std::declval<Const>().color()), GLVec3f const&>);
+    static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<Const>().vertex(0))>);
+    static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<Const>().normal(0))>);
+    using Record = std::decay_t<decltype(std::declval<Const>().access(0))>;
+    static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<Record&>().vertex())>);
+    static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<Record&>().normal())>);
     GLPolygon const polygon = numbered(1);
     EXPECT_EQ(&polygon.color(), &polygon.color());
 }

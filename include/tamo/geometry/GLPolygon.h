@@ -5,6 +5,8 @@
 #include <tamo/Export.h>
 #include <tamo/geometry/GLAccess3f.h>
 #include <tamo/geometry/GLAccessNV.h>
+#include <tamo/geometry/GLConstAccess3f.h>
+#include <tamo/geometry/GLConstAccessNV.h>
 #include <tamo/geometry/GLCoord3f.h>
 #include <tamo/geometry/GLVec3f.h>
 
@@ -42,11 +44,11 @@ class TAMO_EXPORT GLPolygon {
     [[nodiscard]] float* vData(unsigned int i);
     [[nodiscard]] float const* vData(unsigned int i) const;
     [[nodiscard]] GLAccess3f normal(unsigned int i);
-    [[nodiscard]] GLAccess3f const normal(unsigned int i) const;
+    [[nodiscard]] GLConstAccess3f normal(unsigned int i) const;
     [[nodiscard]] GLAccess3f vertex(unsigned int i);
-    [[nodiscard]] GLAccess3f const vertex(unsigned int i) const;
+    [[nodiscard]] GLConstAccess3f vertex(unsigned int i) const;
     [[nodiscard]] GLAccessNV access(unsigned int i);
-    [[nodiscard]] GLAccessNV const access(unsigned int i) const;
+    [[nodiscard]] GLConstAccessNV access(unsigned int i) const;
 
     [[nodiscard]] bool isFan() const;
     [[nodiscard]] bool isStrip() const;
