@@ -28,13 +28,10 @@ class GLAccess3f : public GLConstAccess3f {
     /// all three first, so that the views may overlap.
     GLAccess3f& operator=(GLAccess3f const& other) { return *this = GLVec3f(other); }
 
-    GLAccess3f& operator+=(GLAccess3f const& other) {
-        x() += other.x();
-        y() += other.y();
-        z() += other.z();
-        return *this;
-    }
-
+    /// Adds `value` to the viewed floats; a view on the right side may overlap this one.
+    GLAccess3f& operator+=(GLVec3f value) { return *this = *this + value; }
+    /// Subtracts `value` from the viewed floats; a view on the right side may overlap this one.
+    GLAccess3f& operator-=(GLVec3f value) { return *this = *this - value; }
     GLAccess3f& operator*=(float factor) { return *this = GLVec3f(*this) * factor; }
 
     using GLConstAccess3f::x;
