@@ -104,54 +104,6 @@ TEST(GLPolygon, ReadOnlyFormsStayReadOnlyThroughCopies) {
     EXPECT_EQ(&polygon.color(), &polygon.color());
 }
 
-TEST(GLPolygon, CopyTakesVerticesAndFlagsButNotTheColour) {
-    for (unsigned int flags = 0; flags < 16; ++flags) {
-        SCOPED_TRACE(flags);
-        GLPolygon polygon = numbered(4);
-        polygon.setProperties((flags & 1U) != 0, (flags & 2U) != 0, (flags & 4U) != 0, (flags & 8U) != 0);
-        PlainPolygon expected = tamo::test::plainOf(polygon);
-        expected.color = {0, 0, 0};
-        GLPolygon const plainCopy(polygon);
-        EXPECT_TRUE(samePolygon(plainCopy, expected));
-        EXPECT_TRUE(samePolygon(GLPolygon(polygon, GLCoord3f{0, 0, 0}), expected));
-        EXPECT_NE(plainCopy.vData(0), polygon.vData(0));
-        GLPolygon assigned(9);
-        EXPECT_EQ(&(assigned = polygon), &assigned);
-        EXPECT_TRUE(samePolygon(assigned, tamo::test::plainOf(polygon)));
-        EXPECT_NE(assigned.vData(0), polygon.vData(0));
-    }
-}
-
-TEST(GLPolygon, ScalingCopyMultipliesPositionsOnly) {
-    GLPolygon const polygon = numbered(3);
-    PlainPolygon expected = tamo::test::plainOf(polygon);
-    expected.color = {0, 0, 0};
-    for (tamo::test::PlainVertex& vertex : expected.vertices) {
-        vertex.position = tamo::test::times(vertex.position, 0.3F);
-    }
-    EXPECT_TRUE(samePolygon(GLPolygon(polygon, 0.3F), expected));
-    EXPECT_EQ(GLPolygon(GLPolygon(0), 2.0F).size(), 0U);
-}
-
-TEST(GLPolygon, OffsetCopyMovesPositionsOnly) {
-    GLPolygon const polygon = numbered(3);
-    PlainPolygon expected = tamo::test::plainOf(polygon);
-    expected.color = {0, 0, 0};
-    for (tamo::test::PlainVertex& vertex : expected.vertices) {
-        vertex.position = tamo::test::plus(vertex.position, {0.25F, -100, 1e-3F});
-    }
-    EXPECT_TRUE(samePolygon(GLPolygon(polygon, GLCoord3f{0.25F, -100, 1e-3F}), expected));
-    EXPECT_EQ(GLPolygon(GLPolygon(0), GLCoord3f{1, 1, 1}).size(), 0U);
-}
-
-TEST(GLPolygon, AssigningAPolygonToItselfKeepsIt) {
-    GLPolygon polygon = numbered(3);
-    GLPolygon const& same = polygon;
-    PlainPolygon const expected = tamo::test::plainOf(polygon);
-    polygon = same;
-    EXPECT_TRUE(samePolygon(polygon, expected));
-}
-
 TEST(GLPolygon, SettingFanOrStripClearsTheOtherWhateverTheValue) {
     for (bool const before : {false, true}) {
         for (bool const value : {false, true}) {

@@ -136,7 +136,7 @@ Plain3 sortPlain(PlainPolygon& polygon, Plain3 reference) {
         float limit = squared(i, i + 1);
         for (unsigned int j = i + 1; j <= n - 1; ++j) {
             float const distance = squared(i, j);
-            if (distance > limit) {
+            if (distance > limit || std::isnan(distance) || std::isnan(limit)) {
                 continue;
             }
             Plain3 const c = crossOf(from0(i), from0(j));

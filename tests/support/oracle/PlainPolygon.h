@@ -62,7 +62,7 @@ inline unsigned int below(std::mt19937& random, unsigned int bound) {
 /// tie and vertices coincide; otherwise they are scattered over [-1, 1).
 PlainPolygon randomPolygon(std::mt19937& random, unsigned int size, bool onLattice);
 
-/// Succeeds for the same bits, and for any two non-numbers.
+/// Succeeds for the same bits, and for any two NaN.
 testing::AssertionResult sameFloats(Plain3 actual, Plain3 expected);
 testing::AssertionResult samePolygon(GLPolygon const& actual, PlainPolygon const& expected);
 
