@@ -71,7 +71,7 @@ unsigned int unionOf(Components const& objects) {
     return corners;
 }
 
-TEST_P(CellComponents, PartTheCorners) {
+TEST_P(CellComponents, CoverEachCornerOnce) {
     Neighborhood const neighborhood = systemOf(GetParam());
     for (unsigned int configuration = 0; configuration < 256; ++configuration) {
         SCOPED_TRACE(configuration);
