@@ -65,7 +65,7 @@ void Neighborhood::clear() {
 }
 
 bool Neighborhood::connect(unsigned char link) {
-    // Both texts name the class that connects; callers compare them.
+    // Both texts name the derived class for which links are connected; callers compare them.
     if (std::bitset<8>(link).count() != 2) {
         throw TamoException("GLConn::connect ERROR:invalid connection");
     }
