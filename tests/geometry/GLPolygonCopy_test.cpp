@@ -12,23 +12,14 @@ static_assert(std::is_convertible_v<unsigned int, GLPolygon>);
 
 namespace {
 
+using tamo::test::numberedPolygon;
 using tamo::test::PlainPolygon;
 using tamo::test::samePolygon;
-
-// Makes `n` vertices whose floats are 1, 2, 3, ... and whose colour is (1, 0, 0).
-GLPolygon numbered(unsigned int n) {
-    GLPolygon polygon(n);
-    for (unsigned int i = 0; i < 6 * n; ++i) {
-        polygon.vData(0)[i] = static_cast<float>(i + 1);
-    }
-    polygon.color() = GLVec3f{1, 0, 0};
-    return polygon;
-}
 
 TEST(GLPolygonCopy, CopyTakesVerticesAndFlagsButNotTheColour) {
     for (unsigned int flags = 0; flags < 16; ++flags) {
         SCOPED_TRACE(flags);
-        GLPolygon polygon = numbered(4);
+        GLPolygon polygon = numberedPolygon(4);
         polygon.setProperties((flags & 1U) != 0, (flags & 2U) != 0, (flags & 4U) != 0, (flags & 8U) != 0);
         PlainPolygon expected = tamo::test::plainOf(polygon);
         expected.color = {0, 0, 0};
@@ -44,7 +35,7 @@ TEST(GLPolygonCopy, CopyTakesVerticesAndFlagsButNotTheColour) {
 }
 
 TEST(GLPolygonCopy, ScalingCopyMultipliesPositionsOnly) {
-    GLPolygon const polygon = numbered(3);
+    GLPolygon const polygon = numberedPolygon(3);
     PlainPolygon expected = tamo::test::plainOf(polygon);
     expected.color = {0, 0, 0};
     for (tamo::test::PlainVertex& vertex : expected.vertices) {
@@ -55,7 +46,7 @@ TEST(GLPolygonCopy, ScalingCopyMultipliesPositionsOnly) {
 }
 
 TEST(GLPolygonCopy, OffsetCopyMovesPositionsOnly) {
-    GLPolygon const polygon = numbered(3);
+    GLPolygon const polygon = numberedPolygon(3);
     PlainPolygon expected = tamo::test::plainOf(polygon);
     expected.color = {0, 0, 0};
     for (tamo::test::PlainVertex& vertex : expected.vertices) {
@@ -66,7 +57,7 @@ TEST(GLPolygonCopy, OffsetCopyMovesPositionsOnly) {
 }
 
 TEST(GLPolygonCopy, AssigningAPolygonToItselfKeepsIt) {
-    GLPolygon polygon = numbered(3);
+    GLPolygon polygon = numberedPolygon(3);
     GLPolygon const& same = polygon;
     PlainPolygon const expected = tamo::test::plainOf(polygon);
     polygon = same;

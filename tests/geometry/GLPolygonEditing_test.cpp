@@ -12,19 +12,15 @@
 
 namespace {
 
+using tamo::test::latticePolygon;
 using tamo::test::Plain3;
 using tamo::test::PlainPolygon;
 using tamo::test::samePolygon;
 
-PlainPolygon lattice(unsigned int size) {
-    std::mt19937 random(size);
-    return tamo::test::randomPolygon(random, size, /*onLattice=*/true);
-}
-
 TEST(GLPolygonEditing, SwapExchangesWholeVertices) {
     for (unsigned int i = 0; i < 4; ++i) {
         for (unsigned int j = 0; j < 4; ++j) {
-            PlainPolygon expected = lattice(4);
+            PlainPolygon expected = latticePolygon(4);
             GLPolygon polygon = tamo::test::libraryOf(expected);
             std::swap(expected.vertices[i], expected.vertices[j]);
             EXPECT_TRUE(polygon.swapV(i, j));
@@ -34,7 +30,7 @@ TEST(GLPolygonEditing, SwapExchangesWholeVertices) {
 }
 
 TEST(GLPolygonEditing, SwapAndEraseRefuseIndicesOutOfRange) {
-    PlainPolygon const expected = lattice(4);
+    PlainPolygon const expected = latticePolygon(4);
     GLPolygon polygon = tamo::test::libraryOf(expected);
     EXPECT_FALSE(polygon.swapV(0, 4));
     EXPECT_FALSE(polygon.swapV(4, 0));
@@ -49,7 +45,7 @@ TEST(GLPolygonEditing, SwapAndEraseRefuseIndicesOutOfRange) {
 
 TEST(GLPolygonEditing, EraseMovesLaterVerticesForward) {
     for (unsigned int i = 0; i < 5; ++i) {
-        PlainPolygon expected = lattice(5);
+        PlainPolygon expected = latticePolygon(5);
         GLPolygon polygon = tamo::test::libraryOf(expected);
         expected.vertices.erase(expected.vertices.begin() + static_cast<int>(i));
         EXPECT_TRUE(polygon.eraseV(i));
@@ -58,7 +54,7 @@ TEST(GLPolygonEditing, EraseMovesLaterVerticesForward) {
 }
 
 TEST(GLPolygonEditing, EraseGoesDownToNoVertex) {
-    PlainPolygon expected = lattice(3);
+    PlainPolygon expected = latticePolygon(3);
     GLPolygon polygon = tamo::test::libraryOf(expected);
     while (!expected.vertices.empty()) {
         EXPECT_TRUE(polygon.eraseV(expected.size() - 1));
@@ -80,7 +76,7 @@ TEST(GLPolygonEditing, AreaOfTheUnitSquareIsOne) {
 
 TEST(GLPolygonEditing, AreaBelowThreeVerticesIsZero) {
     for (unsigned int n = 0; n < 3; ++n) {
-        EXPECT_EQ(tamo::test::libraryOf(lattice(n)).area(), 0.0F);
+        EXPECT_EQ(tamo::test::libraryOf(latticePolygon(n)).area(), 0.0F);
     }
 }
 

@@ -14,6 +14,7 @@
 
 namespace {
 
+using tamo::test::latticePolygon;
 using tamo::test::Plain3;
 using tamo::test::PlainPolygon;
 using tamo::test::sameFloats;
@@ -32,11 +33,6 @@ GLPolygon triangle() {
     polygon.vertex(1) = GLVec3f{0, 1, 0};
     polygon.vertex(2) = GLVec3f{1, 0, 0};
     return polygon;
-}
-
-PlainPolygon lattice(unsigned int size) {
-    std::mt19937 random(size);
-    return tamo::test::randomPolygon(random, size, /*onLattice=*/true);
 }
 
 TEST(GLPolygonOrder, TriangleIsTurnedTowardsTheReference) {
@@ -63,7 +59,7 @@ TEST(GLPolygonOrder, TriangleDirectionIsNotNormalised) {
 }
 
 TEST(GLPolygonOrder, ClosedPolygonKeepsItsOrder) {
-    PlainPolygon expected = lattice(5);
+    PlainPolygon expected = latticePolygon(5);
     expected.closed = true;
     GLPolygon polygon = tamo::test::libraryOf(expected);
     EXPECT_TRUE(isNaN(sortAbout(polygon, {0, 0, 1})));
@@ -73,7 +69,7 @@ TEST(GLPolygonOrder, ClosedPolygonKeepsItsOrder) {
 
 TEST(GLPolygonOrder, FewerThanThreeVerticesGiveNaN) {
     for (unsigned int n = 0; n < 3; ++n) {
-        PlainPolygon expected = lattice(n);
+        PlainPolygon expected = latticePolygon(n);
         GLPolygon polygon = tamo::test::libraryOf(expected);
         EXPECT_TRUE(isNaN(sortAbout(polygon, {0, 0, 1})));
         expected.ccw = true;

@@ -32,18 +32,9 @@ static_assert(std::has_virtual_destructor_v<GLPolygon>);
 
 namespace {
 
+using tamo::test::numberedPolygon;
 using tamo::test::PlainPolygon;
 using tamo::test::samePolygon;
-
-// Makes `n` vertices whose floats are 1, 2, 3, ... and whose colour is (1, 0, 0).
-GLPolygon numbered(unsigned int n) {
-    GLPolygon polygon(n);
-    for (unsigned int i = 0; i < 6 * n; ++i) {
-        polygon.vData(0)[i] = static_cast<float>(i + 1);
-    }
-    polygon.color() = GLVec3f{1, 0, 0};
-    return polygon;
-}
 
 std::vector<float> floatsOf(GLPolygon const& polygon) {
     return polygon.size() == 0 ? std::vector<float>()
@@ -62,7 +53,7 @@ TEST(GLPolygon, DefaultIsThreeZeroVerticesWithoutFlagsInBlack) {
 }
 
 TEST(GLPolygon, VertexRecordIsNormalThenPosition) {
-    GLPolygon polygon = numbered(3);
+    GLPolygon polygon = numberedPolygon(3);
     GLPolygon const& constant = polygon;
     EXPECT_EQ(polygon.vData(2), polygon.vData(0) + 12);
     EXPECT_EQ(constant.vData(2), polygon.vData(2));
@@ -77,7 +68,7 @@ TEST(GLPolygon, VertexRecordIsNormalThenPosition) {
 }
 
 TEST(GLPolygon, BeginIsTheFirstFloat) {
-    GLPolygon polygon = numbered(3);
+    GLPolygon polygon = numberedPolygon(3);
     EXPECT_EQ((polygon.*access(tamo::test::BeginTag()))(), polygon.vData(0));
     EXPECT_EQ((polygon.*access(tamo::test::ConstBeginTag()))(), polygon.vData(0));
 }
@@ -100,7 +91,7 @@ TEST(GLPolygon, ReadOnlyFormsStayReadOnlyThroughCopies) {
     using Record = std::decay_t<decltype(std::declval<Const>().access(0))>;
     static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<Record&>().vertex())>);
     static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<Record&>().normal())>);
-    GLPolygon const polygon = numbered(1);
+    GLPolygon const polygon = numberedPolygon(1);
     EXPECT_EQ(&polygon.color(), &polygon.color());
 }
 
@@ -149,7 +140,7 @@ TEST(GLPolygon, TypeIsFanBeforeStripBeforePolygon) {
 }
 
 TEST(GLPolygon, ResizeKeepsFloatsZeroesNewOnesAndIsTrueOnlyForNone) {
-    GLPolygon polygon = numbered(3);
+    GLPolygon polygon = numberedPolygon(3);
     polygon.setProperties(true, false, true, true);
     std::vector<float> expected = floatsOf(polygon);
     EXPECT_FALSE(polygon.resize(4));
@@ -168,7 +159,7 @@ TEST(GLPolygon, ResizeKeepsFloatsZeroesNewOnesAndIsTrueOnlyForNone) {
 }
 
 TEST(GLPolygon, ClearKeepsFlagsAndColour) {
-    GLPolygon polygon = numbered(3);
+    GLPolygon polygon = numberedPolygon(3);
     polygon.setProperties(true, true, true, true);
     polygon.clear();
     EXPECT_EQ(polygon.size(), 0U);
@@ -179,7 +170,7 @@ TEST(GLPolygon, ClearKeepsFlagsAndColour) {
 }
 
 TEST(GLPolygon, PushBackIsRefused) {
-    GLPolygon polygon = numbered(3);
+    GLPolygon polygon = numberedPolygon(3);
     PlainPolygon const before = tamo::test::plainOf(polygon);
     EXPECT_FALSE(polygon.pushBack(polygon.vertex(0)));
     EXPECT_TRUE(samePolygon(polygon, before));

@@ -168,9 +168,23 @@ PlainPolygon randomPolygon(std::mt19937& random, unsigned int size, bool onLatti
     return polygon;
 }
 
+PlainPolygon latticePolygon(unsigned int size) {
+    std::mt19937 random(size);
+    return randomPolygon(random, size, /*onLattice=*/true);
+}
+
+GLPolygon numberedPolygon(unsigned int size) {
+    GLPolygon polygon(size);
+    for (unsigned int i = 0; i < 6 * size; ++i) {
+        polygon.vData(0)[i] = static_cast<float>(i + 1);
+    }
+    polygon.color() = GLVec3f{1, 0, 0};
+    return polygon;
+}
+
 namespace {
 
-// Tells zeros apart by their sign; otherwise floats of the same value have the same bits.
+// Distinguishes zeros by their sign; otherwise floats of the same value have the same bits.
 bool isSame(float a, float b) {
     return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b));
 }
