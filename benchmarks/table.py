@@ -219,11 +219,16 @@ def print_page(run, tables):
 
 
 def refresh_quotes(document, tables):
+    lines_of = {table.title: "".join(line + "\n" for line in table.lines) for table in tables}
+
+    def renewed(quote):
+        if quote[2] not in lines_of:
+            raise ValueError(f"{document}: quotes {quote[2]}: no such table")
+        return quote[1] + lines_of[quote[2]]
+
     text = document.read_text(encoding="utf-8")
-    for table in tables:
-        quoted = re.compile(rf"(<!-- benchmarks/table\.py: {re.escape(table.title)} -->\n)(?:\|.*\n)*")
-        text = quoted.sub(lambda match, lines=table.lines: match[1] + "\n".join(lines) + "\n", text)
-    document.write_text(text, encoding="utf-8")
+    quotes = r"(<!-- benchmarks/table\.py: (.*) -->\n)(?:\|.*\n)*"
+    document.write_text(re.sub(quotes, renewed, text), encoding="utf-8")
 
 
 def main():
