@@ -31,10 +31,10 @@ struct Triangles : IPolygonAggregator {
 
 int main() {
     int const side = 50;
-    std::vector<unsigned char> voxels; // a ball of radius 20 around (25, 25, 25)
+    std::vector<unsigned char> voxels; // a ball around (25, 25, 25), and a diagonal through it, which N26 keeps whole
     for (int i = 0; i < side * side * side; ++i) {
         int const x = i % side - 25, y = i / side % side - 25, z = i / side / side - 25;
-        voxels.push_back(x * x + y * y + z * z < 400 ? 1 : 0);
+        voxels.push_back(x * x + y * y + z * z < 400 || (x == y && y == z) ? 1 : 0);
     }
 
     GLObjectList list;
