@@ -51,6 +51,8 @@ bool GLObject::erase(GLPolygon* polygon) {
 
 GLObjectList::GLObjectList() = default;
 
+// The base's own copy constructor would share the objects.
+// NOLINTNEXTLINE(bugprone-copy-constructor-init)
 GLObjectList::GLObjectList(GLObjectList const& other, float scale) : PointerContainer() {
     resize(other.size());
     for (unsigned int i = 0; i < size(); ++i) {
