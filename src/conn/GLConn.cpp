@@ -7,7 +7,9 @@
 #include <iostream>
 #include <memory>
 
+using tamo::appendOwned;
 using tamo::isInside;
+using tamo::kConfigurationCount;
 using tamo::kFullCell;
 
 // The order within a list counts: where an entry and its complement are both listed, the later one writes last.
@@ -28,7 +30,7 @@ unsigned char const GLConn::_case75[9] = {0x4b, 0x59, 0x63, 0x39, 0x2d, 0x65, 0x
 
 float const GLConn::_epsilon = 1e-6F;
 
-GLConn::GLConn(Neighborhood::NHConfig config) : _caseLut(kFullCell + 1) {
+GLConn::GLConn(Neighborhood::NHConfig config) : _caseLut(kConfigurationCount) {
     _fgObjects.reserve(4);
     _bgObjects.reserve(4);
     setupConn(config);
@@ -49,7 +51,7 @@ bool GLConn::setupConn(Neighborhood::NHConfig config) {
 }
 
 void GLConn::setupCaseLut() {
-    _caseLut.assign(kFullCell + 1, kDefaultCase);
+    _caseLut.assign(kConfigurationCount, kDefaultCase);
     auto const write = [this](unsigned int shape, unsigned int code) {
         _caseLut[shape] = code;
         _caseLut[kFullCell - shape] = code | kInverted;
@@ -128,12 +130,10 @@ void GLConn::wrapLocal(Neighborhood::NHConfig config, GLObjectList* list, bool r
         return;
     }
     list->clear();
-    list->reserve(kFullCell + 1);
+    list->reserve(kConfigurationCount);
     GLPolygonDesc desc(_mid, static_cast<unsigned char>(getConnSize()));
     for (unsigned int configuration = 0; configuration <= kFullCell; ++configuration) {
-        auto owned = std::make_unique<GLObject>();
-        list->push_back(owned.get());
-        GLObject& object = *owned.release();
+        GLObject& object = appendOwned(*list, std::make_unique<GLObject>());
         // The full cell has no background to be parted from.
         if (configuration == kFullCell) {
             break;

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <iostream>
 
-using tamo::appendPolygon;
+using tamo::appendOwned;
 using tamo::cornerOrZero;
 using tamo::firstVertex;
 using tamo::isInside;
@@ -22,14 +22,14 @@ unsigned char GLConn::findVertexOfType(GLPolygonDesc const& desc, unsigned int t
 bool GLConn::handleDefault(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
                            unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
     desc.arrange(0, 0, sdiag);
-    appendPolygon(*obj, desc);
+    appendOwned(*obj, desc.createPolygon());
     return true;
 }
 
 bool GLConn::handlePixel(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char /*fg*/,
                          unsigned char /*bg*/, bool /*inv*/, bool sdiag) {
     desc.arrange(findVertexOfType(desc, kFaceDiagonalInfo, 0), 0, sdiag);
-    appendPolygon(*obj, desc);
+    appendOwned(*obj, desc.createPolygon());
     return true;
 }
 
@@ -40,7 +40,7 @@ bool GLConn::handleCEdge(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo,
     bool const hasCentre = (vinfo & kSpaceDiagonalInfo) != 0;
     unsigned char const start = hasCentre ? 0 : findVertexOfType(desc, kFaceDiagonalInfo, 0);
     desc.arrange(start, 0, sdiag);
-    appendPolygon(*obj, desc);
+    appendOwned(*obj, desc.createPolygon());
     return true;
 }
 
@@ -51,7 +51,7 @@ bool GLConn::handleCFDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vin
     GLVec3f const diagonal = _vertices->vertex(a) - _vertices->vertex(b);
     auto const isAcross = [&](unsigned char k) { return std::fabs(diagonal.dot(desc.normal(k))) < 0.0001F; };
     desc.arrange(firstVertex(desc, 0, isAcross), 0, sdiag);
-    appendPolygon(*obj, desc);
+    appendOwned(*obj, desc.createPolygon());
     return true;
 }
 
@@ -59,7 +59,7 @@ bool GLConn::handleC7(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, un
                       bool inv, bool sdiag) {
     if ((vinfo & kSpaceDiagonalInfo) != 0) {
         desc.arrange(0, 0, /*close=*/true);
-        appendPolygon(*obj, desc);
+        appendOwned(*obj, desc.createPolygon());
         return true;
     }
     // The two edges of the three corners meet in the middle one: the fan starts at its point.
@@ -85,7 +85,7 @@ bool GLConn::handleC7(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, un
         return false;
     }
     desc.arrange(start, 0, sdiag);
-    appendPolygon(*obj, desc);
+    appendOwned(*obj, desc.createPolygon());
     return true;
 }
 
@@ -98,6 +98,6 @@ bool GLConn::handleC41(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*
     }
     GLVec3f const axis = desc.normal(centre);
     desc.arrange(centre, 0, /*close=*/true, axis);
-    appendPolygon(*obj, desc);
+    appendOwned(*obj, desc.createPolygon());
     return true;
 }

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <iostream>
 
-using tamo::appendPolygon;
+using tamo::appendOwned;
 using tamo::firstVertex;
 using tamo::isInside;
 using tamo::kNoVertex;
@@ -40,7 +40,7 @@ bool GLConn::handleC25(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
                        bool inv, bool /*sdiag*/) {
     if ((vinfo & kSpaceDiagonalInfo) != 0) {
         desc.arrange(0, 0, /*close=*/true);
-        appendPolygon(*obj, desc);
+        appendOwned(*obj, desc.createPolygon());
         return true;
     }
     unsigned int const shape = inv ? bg : fg;
@@ -91,8 +91,8 @@ bool GLConn::handleC25(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
     }
     halves.above.arrange(startAbove, 0, /*close=*/false);
     halves.below.arrange(startBelow, 0, /*close=*/false);
-    appendPolygon(*obj, halves.above);
-    appendPolygon(*obj, halves.below);
+    appendOwned(*obj, halves.above.createPolygon());
+    appendOwned(*obj, halves.below.createPolygon());
     return true;
 }
 
@@ -101,7 +101,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
                        bool inv, bool sdiag) {
     if ((vinfo & kSpaceDiagonalInfo) != 0) {
         desc.arrange(0, 0, /*close=*/true);
-        appendPolygon(*obj, desc);
+        appendOwned(*obj, desc.createPolygon());
         return true;
     }
     unsigned int const shape = inv ? bg : fg;
@@ -125,7 +125,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
     }
     if ((vinfo & kFaceDiagonalInfo) != 0) {
         desc.arrange(findVertexOfType(desc, kFaceDiagonalInfo, 0), 0, /*close=*/false);
-        appendPolygon(*obj, desc);
+        appendOwned(*obj, desc.createPolygon());
         return true;
     }
     unsigned char const start = findPathStart(desc, path);
@@ -134,7 +134,7 @@ bool GLConn::handleC27(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, u
         return false;
     }
     desc.arrange(start, 0, sdiag);
-    appendPolygon(*obj, desc);
+    appendOwned(*obj, desc.createPolygon());
     return true;
 }
 
@@ -189,8 +189,8 @@ void GLConn::splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsi
         smaller.arrange(0, 0, /*close=*/false);
         larger.arrange(goesAbove ? sharedBelow : sharedAbove, 0, /*close=*/false);
     }
-    appendPolygon(object, halves.above);
-    appendPolygon(object, halves.below);
+    appendOwned(object, halves.above.createPolygon());
+    appendOwned(object, halves.below.createPolygon());
 }
 
 // Returns the first vertex, at an end edge of the path, whose normal is at right angles to that edge and the middle

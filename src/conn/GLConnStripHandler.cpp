@@ -30,7 +30,7 @@ bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vin
         desc.strip = true;
         desc.fan = false;
         desc.ccw = true;
-        tamo::appendPolygon(*obj, desc);
+        tamo::appendOwned(*obj, desc.createPolygon());
         return true;
     }
 
@@ -50,6 +50,6 @@ bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vin
         }
     }
     desc.ccw = true;
-    tamo::appendPolygon(*obj, desc);
+    tamo::appendOwned(*obj, desc.createPolygon());
     return true;
 }

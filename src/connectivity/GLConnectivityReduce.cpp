@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "../objects/appendOwned.h"
+
 #include <tamo/connectivity/GLConnectivity.h>
 
 #include <algorithm>
@@ -110,8 +112,7 @@ unsigned int GLConnectivity::makeTriangleFan(GLObject* object, GLAccess3f const&
     rim.fan->setNormals();
 
     object->clear();
-    object->push_back(rim.fan.get());
-    return vertices - rim.fan.release()->size();
+    return vertices - tamo::appendOwned(*object, std::move(rim.fan)).size();
 }
 
 GLPolygon* GLConnectivity::combinePolygons(GLPolygon* p, GLPolygon* q, unsigned int n, bool sameNormal) {
