@@ -13,6 +13,7 @@
 namespace {
 
 using tamo::test::combinePolygons;
+using tamo::test::fill;
 using tamo::test::PlainObject;
 using tamo::test::PlainPolygon;
 using tamo::test::reducePolygons;
@@ -156,12 +157,6 @@ TEST(CombinePolygons, AgreesWithThePlainRuleForAnySizes) {
         }
     }
     EXPECT_GT(joins, 1000U);
-}
-
-void fill(GLObject& object, PlainObject const& polygons) {
-    for (PlainPolygon const& polygon : polygons) {
-        object.push_back(new GLPolygon(tamo::test::libraryOf(polygon)));
-    }
 }
 
 TEST(ReducePolygons, JoinsInTheFirstTrianglesPlace) {

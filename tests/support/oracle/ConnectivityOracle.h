@@ -29,6 +29,8 @@ unsigned int reducePlain(PlainObject& object, unsigned int n, bool sameNormal);
 unsigned int fanPlain(PlainObject& object, unsigned int& unchained);
 
 PlainObject plainOf(GLObject const& object);
+/// Appends the library's form of the polygons to an object.
+void fill(GLObject& object, PlainObject const& polygons);
 testing::AssertionResult sameObject(GLObject const& actual, PlainObject const& expected);
 
 } // namespace tamo::test
