@@ -81,20 +81,21 @@ bool GLConnectivity::wrapLocal(GLTesselation const& tesselation, GLObjectList* l
     list->reserve(tamo::kConfigurationCount);
     appendOwned(*list, std::make_unique<GLObject>());
     for (unsigned int configuration = 1; configuration < tamo::kFullCell; ++configuration) {
-        GLObject& object = appendOwned(*list, std::make_unique<GLObject>());
+        auto object = std::make_unique<GLObject>();
         GLVec3f total;
         for (unsigned int i = 0; i < static_cast<unsigned int>(tesselation.size()); ++i) {
             if (auto polygon = PolyhedronCut(cube, tesselation, i, configuration).makePolygon(total)) {
-                appendOwned(object, std::move(polygon));
+                appendOwned(*object, std::move(polygon));
             }
         }
-        if (reduce && object.size() >= 2) {
-            reducePolygons(&object, 3, true);
+        if (reduce && object->size() >= 2) {
+            reducePolygons(object.get(), 3, true);
             total.normalize();
             std::array<float, 3> direction = {total.x, total.y, total.z};
-            makeTriangleFan(&object, GLAccess3f(direction.data()));
-            reducePolygons(&object, 3, false);
+            makeTriangleFan(object.get(), GLAccess3f(direction.data()));
+            reducePolygons(object.get(), 3, false);
         }
+        appendOwned(*list, std::move(object));
     }
     appendOwned(*list, std::make_unique<GLObject>());
     return true;

@@ -30,7 +30,10 @@ class TAMO_EXPORT GLConn : public NhProp {
 
     /// Replaces the contents of `list`, which must not be null, by the 256 objects of the system `config`; slots 0 and
     /// 255 stay empty. With `recomputeNormals` the normals follow the polygons' geometry, without it the links'
-    /// directions. Reports a pair of components without a common link on standard error. Throws `std::bad_alloc`.
+    /// directions. Reports a pair of components without a common link on standard error.
+    ///
+    /// Throws `std::bad_alloc`; `list` is then unchanged where the set-up failed. Otherwise it holds the objects of the
+    /// first configurations, possibly none, of which the last may lack polygons or recomputed normals.
     void wrapLocal(Neighborhood::NHConfig config, GLObjectList* list, bool recomputeNormals);
 
   private:

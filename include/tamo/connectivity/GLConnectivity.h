@@ -20,7 +20,9 @@ class TAMO_EXPORT GLConnectivity {
     /// are left in pairs whatever their normals: such a pair may be bent along its common edge.
     ///
     /// A polyhedron supports at most 8 cuts; a link cut to a corner above 7, or a ninth cut, stops the program with the
-    /// standard library's assertion. Always returns true. Throws `std::bad_alloc`.
+    /// standard library's assertion. Always returns true.
+    ///
+    /// Throws `std::bad_alloc`; `list` then holds the finished objects of the first configurations, possibly none.
     bool wrapLocal(GLTesselation const& tesselation, GLObjectList* list, bool reduce);
 
   private:
