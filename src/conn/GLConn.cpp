@@ -4,8 +4,11 @@
 
 #include <tamo/conn/GLConn.h>
 
+#include <initializer_list>
 #include <iostream>
 #include <memory>
+#include <string>
+#include <string_view>
 
 using tamo::appendOwned;
 using tamo::isInside;
@@ -29,6 +32,17 @@ unsigned char const GLConn::_case41[3] = {0x29, 0x49, 0x61};
 unsigned char const GLConn::_case75[9] = {0x4b, 0x59, 0x63, 0x39, 0x2d, 0x65, 0x6b, 0x6d, 0x79};
 
 float const GLConn::_epsilon = 1e-6F;
+
+namespace {
+
+// Writes texts as they are: the base, width and locale that the stream's owner has set neither show in them nor change.
+void writeTexts(std::ostream& stream, std::initializer_list<std::string_view> texts) {
+    for (std::string_view const text : texts) {
+        stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+    }
+}
+
+} // namespace
 
 GLConn::GLConn(Neighborhood::NHConfig config) : _caseLut(kConfigurationCount) {
     _fgObjects.reserve(4);
@@ -101,10 +115,10 @@ void GLConn::printCaseLut(int i) {
         }
     };
     unsigned int const word = _caseLut[static_cast<std::size_t>(i)];
-    std::cout << "caselut[" << i << "]:" << name(word & kCodeBits);
     constexpr unsigned int kConnBit = 0x400;
-    std::cout << ((word & kConnBit) != 0 ? " Conn" : "") << ((word & kForegroundInfo) != 0 ? " FgConn" : "")
-              << ((word & kBackgroundInfo) != 0 ? " BgConn" : "") << ((word & kInverted) != 0 ? " inv" : "");
+    writeTexts(std::cout, {"caselut[", std::to_string(i), "]:", name(word & kCodeBits),
+                           (word & kConnBit) != 0 ? " Conn" : "", (word & kForegroundInfo) != 0 ? " FgConn" : "",
+                           (word & kBackgroundInfo) != 0 ? " BgConn" : "", (word & kInverted) != 0 ? " inv" : ""});
 }
 
 unsigned int GLConn::getPolygonDesc(GLPolygonDesc& desc, unsigned char fg, unsigned char bg) {
@@ -156,7 +170,8 @@ void GLConn::wrapConfiguration(unsigned char configuration, GLObject& object, GL
             if (desc.count > 0) {
                 sortCCW(&object, desc, vinfo, fg, bg);
             } else {
-                std::cerr << "conf:" << static_cast<int>(configuration) << " no polygon created!" << std::endl;
+                writeTexts(std::cerr, {"conf:", std::to_string(configuration), " no polygon created!"});
+                std::cerr << std::endl;
             }
         }
     }
