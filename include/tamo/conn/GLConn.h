@@ -19,7 +19,7 @@
 class TAMO_EXPORT GLConn : public NhProp {
   public:
     /// Sets up the adjacency system `config`, as `setupConn` does.
-    explicit GLConn(Neighborhood::NHConfig config = N6);
+    GLConn(Neighborhood::NHConfig config = N6);
     GLConn(GLConn const&) = default;
     GLConn& operator=(GLConn const&) = default;
     ~GLConn() override;
