@@ -4,8 +4,10 @@
 
 #include <tamo/conn/GLConn.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -57,36 +59,30 @@ bool GLConn::setupConn(Neighborhood::NHConfig config) {
         if (!setupNeighborhood(config) || !setupProp()) {
             return false;
         }
-        setupCaseLut();
+        _caseLut.assign(kConfigurationCount, kDefaultCase);
+        auto const write = [this](unsigned int shape, unsigned int code) {
+            _caseLut[shape] = code;
+            _caseLut[kFullCell - shape] = code | kInverted;
+        };
+        auto const writeAll = [&write](auto const& shapes, unsigned int code) {
+            std::for_each(std::begin(shapes), std::end(shapes), [&](unsigned int shape) { write(shape, code); });
+        };
+        for (unsigned int corner = 0; corner < tamo::kCornerCount; ++corner) {
+            write(1U << corner, kPixelCase);
+        }
+        writeAll(_case7, kCase7);
+        writeAll(_case25, kCase25);
+        writeAll(_case27, kCase27);
+        writeAll(_case41, kCase41);
+        writeAll(_case75, kCase41);
+        // A link's type is its case code.
+        for (unsigned int i = 0; i < getConnSize(); ++i) {
+            write(getConn(i), getVInfo(i) & kTypeInfo);
+        }
     } catch (TamoException const& exception) {
         std::cerr << "cought exception:\"" << exception.what() << '"' << std::endl;
     }
     return true;
-}
-
-void GLConn::setupCaseLut() {
-    _caseLut.assign(kConfigurationCount, kDefaultCase);
-    auto const write = [this](unsigned int shape, unsigned int code) {
-        _caseLut[shape] = code;
-        _caseLut[kFullCell - shape] = code | kInverted;
-    };
-    auto const writeAll = [&write](auto const& shapes, unsigned int code) {
-        for (unsigned char const shape : shapes) {
-            write(shape, code);
-        }
-    };
-    for (unsigned int corner = 0; corner < 8; ++corner) {
-        write(1U << corner, kPixelCase);
-    }
-    writeAll(_case7, kCase7);
-    writeAll(_case25, kCase25);
-    writeAll(_case27, kCase27);
-    writeAll(_case41, kCase41);
-    writeAll(_case75, kCase41);
-    // A link's type is its case code.
-    for (unsigned int i = 0; i < getConnSize(); ++i) {
-        write(getConn(i), getVInfo(i) & kTypeInfo);
-    }
 }
 
 void GLConn::printCaseLut(int i) {
@@ -146,35 +142,27 @@ void GLConn::wrapLocal(Neighborhood::NHConfig config, GLObjectList* list, bool r
     list->clear();
     list->reserve(kConfigurationCount);
     GLPolygonDesc desc(_mid, static_cast<unsigned char>(getConnSize()));
-    for (unsigned int configuration = 0; configuration <= kFullCell; ++configuration) {
+    for (unsigned int configuration = 0; configuration < kFullCell; ++configuration) {
         GLObject& object = appendOwned(*list, std::make_unique<GLObject>());
-        // The full cell has no background to be parted from.
-        if (configuration == kFullCell) {
-            break;
+        getFgObjects(static_cast<unsigned char>(configuration), _fgObjects);
+        getBgObjects(static_cast<unsigned char>(configuration), _bgObjects);
+        for (unsigned char const fg : _fgObjects) {
+            for (unsigned char const bg : _bgObjects) {
+                unsigned int const vinfo = getPolygonDesc(desc, fg, bg);
+                if (desc.count > 0) {
+                    sortCCW(&object, desc, vinfo, fg, bg);
+                } else {
+                    writeTexts(std::cerr, {"conf:", std::to_string(configuration), " no polygon created!"});
+                    std::cerr << std::endl;
+                }
+            }
         }
-        wrapConfiguration(static_cast<unsigned char>(configuration), object, desc);
         if (recomputeNormals) {
-            for (GLPolygon* polygon : object) {
-                polygon->setNormals();
-            }
+            std::for_each(object.begin(), object.end(), [](GLPolygon* polygon) { polygon->setNormals(); });
         }
     }
-}
-
-void GLConn::wrapConfiguration(unsigned char configuration, GLObject& object, GLPolygonDesc& desc) {
-    getFgObjects(configuration, _fgObjects);
-    getBgObjects(configuration, _bgObjects);
-    for (unsigned char const fg : _fgObjects) {
-        for (unsigned char const bg : _bgObjects) {
-            unsigned int const vinfo = getPolygonDesc(desc, fg, bg);
-            if (desc.count > 0) {
-                sortCCW(&object, desc, vinfo, fg, bg);
-            } else {
-                writeTexts(std::cerr, {"conf:", std::to_string(configuration), " no polygon created!"});
-                std::cerr << std::endl;
-            }
-        }
-    }
+    // The full cell has no background to be separated from.
+    appendOwned(*list, std::make_unique<GLObject>());
 }
 
 bool GLConn::sortCCW(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg) {

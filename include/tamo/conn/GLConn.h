@@ -7,12 +7,11 @@
 #include <tamo/neighborhood/NhProp.h>
 #include <tamo/objects/GLObjectList.h>
 
-#include <array>
 #include <vector>
 
 /// Builds the polygons of all 256 cell configurations by cases of adjacency.
 ///
-/// Every pair of a foreground and a background component of a configuration gets the surface that parts them: its
+/// Every pair of a foreground and a background component of a configuration gets the surface that separates them: its
 /// vertices are the midpoints of the links, common to both adjacencies, that lead from the one to the other. The shape
 /// of the components selects a handler, which orders the vertices into polygons. One instance serves one thread at a
 /// time.
@@ -59,12 +58,10 @@ class TAMO_EXPORT GLConn : public NhProp {
     static unsigned char const _case75[9];
     static float const _epsilon;
 
-    void setupCaseLut();
     /// Prints entry i of the case table on standard output, without a line end.
     void printCaseLut(int i);
     /// Collects the vertices between the components `fg` and `bg`; returns the union of their information words.
     unsigned int getPolygonDesc(GLPolygonDesc& desc, unsigned char fg, unsigned char bg);
-    void wrapConfiguration(unsigned char configuration, GLObject& object, GLPolygonDesc& desc);
 
     /// Selects the handler for the pair of components and returns its result.
     bool sortCCW(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg);
@@ -91,12 +88,6 @@ class TAMO_EXPORT GLConn : public NhProp {
                    bool sdiag);
     bool handleC41(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg, bool inv,
                    bool sdiag);
-
-    /// Returns the first vertex on a link of the type `type`, an information bit, or `none`.
-    [[nodiscard]] unsigned char findVertexOfType(GLPolygonDesc const& desc, unsigned int type,
-                                                 unsigned char none) const;
-    void splitAtCentreLink(GLObject& object, GLPolygonDesc const& desc, unsigned int centreLink, unsigned int shape);
-    [[nodiscard]] unsigned char findPathStart(GLPolygonDesc const& desc, std::array<unsigned int, 3> const& path) const;
 
     std::vector<unsigned char> _fgObjects;
     std::vector<unsigned char> _bgObjects;
