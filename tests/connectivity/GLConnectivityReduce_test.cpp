@@ -8,6 +8,7 @@
 #include <cmath>
 #include <memory>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -91,6 +92,21 @@ TEST(CombinePolygons, OnlyASharedEdgeJoins) {
     for (GLPolygon* q : {&oneShared, &noneShared, &allShared, &nearly}) {
         EXPECT_EQ(combinePolygons(p, *q, 3, /*sameNormal=*/false), nullptr);
     }
+}
+
+TEST(CombinePolygons, PositionThatOneOfThemHoldsTwiceCountsTwice) {
+    GLVec3f const a(0, 0, 0);
+    GLPolygon single = polygonOf({a, {1, 0, 0}, {0, 1, 0}});
+    GLPolygon twice = polygonOf({{-1, 0, 0}, a, a});
+    for (auto const& [p, q] : {std::pair(&single, &twice), std::pair(&twice, &single)}) {
+        auto const joined = combinePolygons(*p, *q, 3, /*sameNormal=*/false);
+        ASSERT_NE(joined, nullptr);
+        EXPECT_TRUE(samePolygon(*joined,
+                                *tamo::test::combinePlain(tamo::test::plainOf(*p), tamo::test::plainOf(*q), 3, false)));
+        // All vertices of the first, and those of the second that the first has not.
+        EXPECT_EQ(joined->size(), p == &single ? 4U : 5U);
+    }
+    EXPECT_EQ(combinePolygons(twice, twice, 3, /*sameNormal=*/false), nullptr);
 }
 
 TEST(CombinePolygons, NormalsHaveToAgreeExactlyWhenAsked) {
