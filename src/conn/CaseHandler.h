@@ -49,8 +49,8 @@ inline unsigned char findVertexOfType(NhProp const& links, GLPolygonDesc const& 
     return firstVertex(desc, none, [&](unsigned char k) { return (links.getVInfo(desc.conn[k]) & type) != 0; });
 }
 
-/// Returns the numbers of the last `count` links that `accept(link)` takes, the newest first; `none` stands for those
-/// that there are not.
+/// Returns the numbers of the last `count` links that `accept(link)` takes, the newest first; `none` stands in where
+/// there are fewer.
 template <std::size_t count, typename Accept>
 std::array<unsigned int, count> lastLinks(NhProp const& links, unsigned int none, Accept const& accept) {
     std::array<unsigned int, count> found;

@@ -17,7 +17,7 @@ using tamo::isInside;
 using tamo::kConfigurationCount;
 using tamo::kFullCell;
 
-// The order within a list counts: where an entry and its complement are both listed, the later one writes last.
+// The order within a list counts: where an entry and its complement are both listed, the later one wins.
 
 // Three corners of one face.
 unsigned char const GLConn::_case7[24] = {0x07, 0x0b, 0x0d, 0x0e, 0x70, 0xd0, 0xb0, 0xe0, 0xa8, 0x8a, 0xa2, 0x2a,

@@ -89,10 +89,10 @@ bool splitTube(GLObject& object, NhProp const& links, GLPolygonDesc const& desc,
     });
 }
 
-// Makes the polygons around a bent path whose space diagonal is no such link: the seven vertices wind so far around u
-// that all triangles must meet opposite to it, in the vertex at w that looks along the edge. The two vertices at u are
-// then on different sides of the plane; one of them joins the other's side too, so that the two polygons share the edge
-// to it.
+// Makes the polygons around a bent path whose space diagonal belongs to one adjacency alone: the seven vertices wind so
+// far around u that all triangles must meet opposite to it, in the vertex at w that looks along the edge. The two
+// vertices at u are then on different sides of the plane; one of them joins the other's side too, so that the two
+// polygons share the edge to it.
 bool splitAroundCorner(GLObject& object, NhProp const& links, GLPolygonDesc const& desc, BentPath const& path,
                        float tolerance) {
     auto const isAtU = [&](unsigned char k) { return (links.getConn(desc.conn[k]) & path.u) != 0; };

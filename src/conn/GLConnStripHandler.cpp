@@ -13,7 +13,7 @@ void repeatVertex(GLPolygonDesc& desc, unsigned int k) {
 
 } // namespace
 
-// Two corners on a space diagonal hang together through the cell's centre alone: the surface is a tube around the
+// Two corners on a space diagonal are connected through the cell's centre alone: the surface is a tube around the
 // diagonal, cut open into one strip that ends where it begins.
 bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char fg,
                           unsigned char /*bg*/, bool inv, bool /*sdiag*/) {

@@ -13,7 +13,7 @@ namespace {
 
 using namespace tamo::test;
 
-// Writes every digit of a number apart.
+// Separates all digits of a number.
 class SeparatedDigits : public std::numpunct<char> {
   protected:
     [[nodiscard]] char do_thousands_sep() const override { return '.'; }

@@ -77,7 +77,7 @@ TEST(GLPolygonDescBounds, MoreVerticesThanLinksCanBeAdded) {
     ring.expectEqual();
 }
 
-TEST(GLPolygonDescBounds, ClosingRepeatsAVertexThatThereIsNot) {
+TEST(GLPolygonDescBounds, ClosingRepeatsVertexOneEvenIfAbsent) {
     std::vector<GLVec3f> const point(1);
     for (unsigned int const count : {0U, 1U}) {
         GLPolygonDesc desc(point, 1);

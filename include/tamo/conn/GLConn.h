@@ -24,7 +24,7 @@ class TAMO_EXPORT GLConn : public NhProp {
     ~GLConn() override;
 
     /// Sets up adjacency, link properties and case table. Always returns true; a `TamoException` on the way is reported
-    /// on standard error as: cought exception:"its message".
+    /// on standard error as: cought exception:"its message". Throws `std::bad_alloc`.
     bool setupConn(Neighborhood::NHConfig config);
 
     /// Replaces the contents of `list`, which must not be null, by the 256 objects of the system `config`; slots 0 and
@@ -67,8 +67,8 @@ class TAMO_EXPORT GLConn : public NhProp {
     bool sortCCW(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg);
 
     // Handlers: each appends the polygons between the components `fg` and `bg` to `obj`. `vinfo` is the union of the
-    // vertices' information words, `inv` tells that the case was found as the complement of a listed shape, `sdiag`
-    // that the cell centre is a vertex. They return false, with a line on standard error, where no suitable vertex is
+    // vertices' information words; `inv` is set where the case was found as the complement of a listed shape, `sdiag`
+    // where the cell centre is a vertex. They return false, with a line on standard error, where no suitable vertex is
     // found.
     bool handleDefault(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg,
                        bool inv, bool sdiag);

@@ -35,8 +35,8 @@ struct TAMO_EXPORT GLPolygonDesc {
     /// Returns the normal that was given when vertex k was added.
     [[nodiscard]] GLVec3f const& normal(unsigned int k) const;
 
-    /// Sets `centre` to the mean position and `meanNormal` to the normalised sum of normals (NaN where the sum
-    /// is zero); both are zero without vertices.
+    /// Sets `centre` to the mean position and `meanNormal` to the normalised sum of normals (NaN where the sum is
+    /// zero); both are zero without vertices.
     void computeCentre();
 
     /// Orders the vertices counter-clockwise about the mean normal, or about `givenNormal`, and sets `ccw`.

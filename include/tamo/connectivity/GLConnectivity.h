@@ -39,8 +39,8 @@ class TAMO_EXPORT GLConnectivity {
     unsigned int makeTriangleFan(GLObject* object, GLAccess3f const& direction);
     /// Merges pairs of polygons until none is left that `combinePolygons` would join; returns the number of merges.
     unsigned int reducePolygons(GLObject* object, unsigned int n, bool sameNormal);
-    /// Returns a new polygon, owned by the caller, that joins p and q, which share exactly two vertices; null where
-    /// they are not to be joined: a fan, a vertex count that is not `n` (for n other than 0), or, with `sameNormal`
-    /// set, first normals whose dot product is not exactly 1.
+    /// Returns a new polygon, owned by the caller, that joins p and q, which share exactly two vertices (a position
+    /// that one of them holds twice counts twice); null where they are not to be joined: a fan, a vertex count that is
+    /// not `n` (for n other than 0), or, with `sameNormal` set, first normals whose dot product is not exactly 1.
     GLPolygon* combinePolygons(GLPolygon* p, GLPolygon* q, unsigned int n, bool sameNormal);
 };

@@ -22,7 +22,7 @@ GLTesselation tesselationOf(CornerLists const& polyhedra);
 /// Cuts the polyhedra in one configuration; merges the polygons where `reduce` is set.
 PlainObject wrapPlain(CornerLists const& polyhedra, unsigned int configuration, bool reduce);
 
-/// Joins two polygons; nothing where they are not to be joined. Not for n = 4, nor for vertices that coincide.
+/// Joins two polygons; nothing where they are not to be joined. Not for n = 4.
 std::optional<PlainPolygon> combinePlain(PlainPolygon const& p, PlainPolygon const& q, unsigned int n, bool sameNormal);
 unsigned int reducePlain(PlainObject& object, unsigned int n, bool sameNormal);
 /// Makes the fan around the cell centre; returns the number of vertices saved and counts rims that do not chain.
