@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+
 namespace tamo {
 
 /// What stands for a vertex where none is found.
