@@ -9,7 +9,7 @@
 
 namespace tamo::plain {
 
-/// The arguments of a scan, which have to be in order: nothing here is checked.
+/// The arguments of a scan, which have to be valid: nothing here is checked.
 struct ScanArguments {
     unsigned char const* data;
     GLtVec3<int> increments;
@@ -27,7 +27,7 @@ struct SampleGrid {
                  std::ptrdiff_t{a.step} * a.increments.z},
           count{samples(a.extent.x, a.step), samples(a.extent.y, a.step), samples(a.extent.z, a.step)} {}
 
-    /// Sides are unsigned, whatever their type says.
+    /// A negative side is a large unsigned one.
     static std::int64_t samples(int side, unsigned int step) {
         return std::int64_t{static_cast<unsigned int>(side) / step};
     }
@@ -55,8 +55,8 @@ template <unsigned int Corners> class CellColumn {
     CellColumn(SampleGrid const& grid, std::int64_t x, std::int64_t y)
         : _offset(x * grid.stride.x + y * grid.stride.y), _grid(grid), _x(x), _y(y) {}
 
-    /// Visits the cell whose lower plane is sample plane z, -1 to count - 1, with its configuration. Planes have to be
-    /// asked for in ascending order.
+    /// Visits the cell whose lower plane is sample plane z, -1 to count - 1, with its configuration. Visit planes
+    /// in ascending order.
     template <typename Visit> void visitCell(std::int64_t z, Visit&& visit) {
         unsigned int const upper = z + 1 < _grid.count.z ? readPlane(z + 1) : 0U;
         visit(static_cast<unsigned char>(_lower + (upper << 4U)), _x, _y, z);

@@ -41,7 +41,7 @@ inline Histogram countCells(ScanArguments const& arguments) {
     return histogram;
 }
 
-/// Does what the library's `getGLDataInfo` does.
+/// Does what the library's `getGLDataInfo` does, cell by cell.
 inline GLDataInfo getGLDataInfo(ScanArguments const& arguments, GLObjectList const& objects) {
     Histogram const histogram = countCells(arguments);
     GLDataInfo info(arguments.origin, arguments.extent, arguments.step, 0, 0, 0);
