@@ -54,6 +54,7 @@ std::vector<GLVec3f> makeBlockCorners(std::array<float, 3> const& sides, float s
 
 double computeShadowArea(std::vector<GLVec3f> const& points, GLVec3f const& right, GLVec3f const& up) {
     std::vector<Point> flat;
+    flat.reserve(points.size());
     for (GLVec3f const& p : points) {
         flat.push_back({p.dot(right), p.dot(up)});
     }
