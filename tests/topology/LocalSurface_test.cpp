@@ -183,4 +183,16 @@ TEST_P(LocalSurfaceOfEdges, ComplementTurnsTheOutlineAroundUnlessADiagonalSplits
 INSTANTIATE_TEST_SUITE_P(Systems, LocalSurfaceOfEdges, testing::Values(Neighborhood::N6, Neighborhood::N26),
                          nameOfSystem);
 
+TEST(LocalSurfaceOfTetrahedra, IsMadeOfTrianglesAndQuadrilaterals) {
+    constexpr int kPolygon = 9; // GL_POLYGON
+    SystemList const objects(Neighborhood::N14II);
+    for (unsigned int configuration = 0; configuration < 256; ++configuration) {
+        SCOPED_TRACE(configuration);
+        for (GLPolygon const* polygon : objects[configuration]) {
+            EXPECT_EQ(polygon->type(), kPolygon);
+            EXPECT_TRUE(polygon->size() == 3 || polygon->size() == 4);
+        }
+    }
+}
+
 } // namespace
