@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include <tamo/surface/TAMO.h>
+#include <tamo/geometry/GLtVec3.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 
 namespace tamo::plain {
 
-/// The arguments of a scan, which have to be in order: nothing here is checked.
+/// The arguments of a scan, which have to be valid: nothing here is checked.
 struct ScanArguments {
     unsigned char const* data;
     GLtVec3<int> increments;
@@ -28,7 +27,7 @@ struct SampleGrid {
                  std::ptrdiff_t{a.step} * a.increments.z},
           count{samples(a.extent.x, a.step), samples(a.extent.y, a.step), samples(a.extent.z, a.step)} {}
 
-    /// Sides are unsigned, whatever their type says.
+    /// A negative side is a large unsigned one.
     static std::int64_t samples(int side, unsigned int step) {
         return std::int64_t{static_cast<unsigned int>(side) / step};
     }
@@ -56,8 +55,8 @@ template <unsigned int Corners> class CellColumn {
     CellColumn(SampleGrid const& grid, std::int64_t x, std::int64_t y)
         : _offset(x * grid.stride.x + y * grid.stride.y), _grid(grid), _x(x), _y(y) {}
 
-    /// Visits the cell whose lower plane is sample plane z, -1 to count - 1, with its configuration. Planes have to be
-    /// asked for in ascending order.
+    /// Visits the cell whose lower plane is sample plane z, -1 to count - 1, with its configuration. Visit planes
+    /// in ascending order.
     template <typename Visit> void visitCell(std::int64_t z, Visit&& visit) {
         unsigned int const upper = z + 1 < _grid.count.z ? readPlane(z + 1) : 0U;
         visit(static_cast<unsigned char>(_lower + (upper << 4U)), _x, _y, z);
@@ -132,49 +131,6 @@ template <typename Visit> void forEachCell(SampleGrid const& grid, Visit&& visit
         upperLower.visitCell(z, visit);
         upperUpper.visitCell(z, visit);
     }
-}
-
-/// Does what the library's `wrapGlobal` does, cell by cell.
-inline void wrapGlobal(ScanArguments const& arguments, GLObjectList const& objects, IPolygonAggregator& aggregator) {
-    aggregator.start();
-    GLObjectList const scaled = arguments.step == 1 ? GLObjectList() : GLObjectList(objects, float(arguments.step));
-    GLObject* const* const slots = &*(arguments.step == 1 ? objects : scaled).begin();
-    auto const position = [&](std::int64_t cell, int start) {
-        return static_cast<float>(cell * std::int64_t{arguments.step}) + static_cast<float>(start);
-    };
-    GLtVec3<int> const& origin = arguments.origin;
-    forEachCell(
-        SampleGrid(arguments), [&](unsigned char configuration, std::int64_t x, std::int64_t y, std::int64_t z) {
-            if (configuration != 0 && configuration != 255) {
-                aggregator.fetch(*slots[configuration],
-                                 GLCoord3f(position(x, origin.x), position(y, origin.y), position(z, origin.z)));
-            }
-        });
-    aggregator.finish();
-}
-
-using Histogram = std::array<std::uint64_t, 256>;
-
-/// Counts all cells by their configuration.
-inline Histogram countCells(ScanArguments const& arguments) {
-    Histogram histogram{};
-    forEachCell(SampleGrid(arguments), [&histogram](unsigned char configuration, std::int64_t, std::int64_t,
-                                                    std::int64_t) { ++histogram[configuration]; });
-    return histogram;
-}
-
-/// Does what the library's `getGLDataInfo` does.
-inline GLDataInfo getGLDataInfo(ScanArguments const& arguments, GLObjectList const& objects) {
-    Histogram const histogram = countCells(arguments);
-    GLDataInfo info(arguments.origin, arguments.extent, arguments.step, 0, 0, 0);
-    for (unsigned int c = 0; c < histogram.size(); ++c) {
-        for (GLPolygon const* polygon : *objects[c]) {
-            info.primitives() += histogram[c];
-            info.triangles() += std::size_t{polygon->size() - 2U} * histogram[c];
-        }
-    }
-    info.vertices() = info.triangles() + 2 * info.primitives();
-    return info;
 }
 
 } // namespace tamo::plain

@@ -4,35 +4,23 @@
 
 #include "support/volumes/PlainVolume.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <random>
 #include <vector>
 
 namespace tamo::test {
-
-/// A cell complex that repeats from voxel to voxel: pieces are sets of voxels, given from some first voxel on.
-class VoxelComplex {
-  public:
-    /// The points, unit edges, unit squares and unit cubes between voxel centres.
-    static VoxelComplex cubes();
-    /// The faces of the tetrahedra between linked corners that fill a unit cell; `config` is N14I or N14II.
-    static VoxelComplex tetrahedra(unsigned int config);
-
-    struct Piece {
-        std::vector<Triple> voxels;
-        unsigned int dimension;
-    };
-    [[nodiscard]] std::vector<Piece> const& pieces() const { return _pieces; }
-
-  private:
-    void add(std::vector<Triple> voxels, unsigned int dimension);
-
-    std::vector<Piece> _pieces;
-};
 
 /// A set of voxels in a box; beyond the box no voxel belongs to it.
 class VoxelSet {
   public:
     explicit VoxelSet(Triple const& size);
+    /// Returns the box of which every voxel belongs to the set.
+    static VoxelSet full(Triple const& size);
+    /// Returns the set whose members are the bits of a number, in the order of `forEach`.
+    static VoxelSet pattern(Triple const& size, unsigned int bits);
+    /// Returns a set of 2 to `largestSide` voxels along each axis, `percent` of them members.
+    static VoxelSet random(std::mt19937& engine, unsigned int percent, int largestSide);
 
     [[nodiscard]] Triple const& size() const { return _size; }
     [[nodiscard]] bool has(Triple const& voxel) const;
@@ -42,10 +30,10 @@ class VoxelSet {
     [[nodiscard]] VoxelSet complement() const;
     /// Returns the same set as a volume to scan.
     [[nodiscard]] PlainVolume volume() const;
-    /// Returns the pieces that hang together by steps between linked voxels, both ways.
+    /// Returns the configuration of the cell whose corner 0 is a voxel of the box or just below it.
+    [[nodiscard]] unsigned int configurationAt(Triple const& corner) const;
+    /// Returns the number of pieces that are connected by steps between voxels, both ways.
     [[nodiscard]] std::int64_t components(std::vector<Triple> const& steps) const;
-    /// Returns the alternating count of the complex's pieces that lie in the set as a whole.
-    [[nodiscard]] std::int64_t euler(VoxelComplex const& complex) const;
 
     template <typename Visit> void forEach(Visit const& visit) const {
         for (int z = 0; z < _size[2]; ++z) {
@@ -57,6 +45,12 @@ class VoxelSet {
         }
     }
 
+    /// Visits the configurations of all cells with a corner in the box.
+    template <typename Visit> void forEachCell(Visit const& visit) const {
+        VoxelSet const cells(_size + Triple{1, 1, 1});
+        cells.forEach([&](Triple const& cell) { visit(configurationAt(cell - Triple{1, 1, 1})); });
+    }
+
   private:
     [[nodiscard]] std::size_t index(Triple const& voxel) const;
 
@@ -64,7 +58,7 @@ class VoxelSet {
     std::vector<bool> _members;
 };
 
-/// Returns the steps between foreground (or background) voxels that are neighbours under a system.
+/// Returns the steps from the lower to the higher end of foreground (or background) links, each once.
 std::vector<Triple> neighborSteps(unsigned int config, bool isForeground);
 
 } // namespace tamo::test
