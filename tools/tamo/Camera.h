@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "BinaryVolume.h"
-#include "Volume.h"
+#include "volume/BinaryVolume.h"
+#include "volume/Volume.h"
 
 #include <array>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "OffscreenContext.h"
 
-#include "UserError.h"
+#include "terminal/UserError.h"
 
 #include <EGL/eglext.h>
 

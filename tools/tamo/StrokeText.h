@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "Volume.h"
+#include "volume/Volume.h"
 
 #include <string>
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "SurfaceLists.h"
 
-#include "Progress.h"
-#include "QuietLibraries.h"
-#include "UserError.h"
+#include "terminal/Progress.h"
+#include "terminal/QuietLibraries.h"
+#include "terminal/UserError.h"
 
 #include <tamo/surface/GLPolygonConsumer.h>
 #include <tamo/surface/TAMO.h>

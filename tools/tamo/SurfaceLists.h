@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "BinaryVolume.h"
+#include "volume/BinaryVolume.h"
 
 #include <tamo/objects/GLObjectList.h>
 #include <tamo/surface/GLDataInfo.h>

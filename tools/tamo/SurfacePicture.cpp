@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "SurfacePicture.h"
 
-#include "Progress.h"
-#include "UserError.h"
+#include "terminal/Progress.h"
+#include "terminal/UserError.h"
 
 #include <GL/gl.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "CommandLine.h"
-#include "InfoCommand.h"
-#include "Interruption.h"
-#include "UserError.h"
+#include "commands/CommandLine.h"
+#include "commands/InfoCommand.h"
+#include "terminal/Interruption.h"
+#include "terminal/UserError.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "VoxelFile.h"
 
+#include "../terminal/UserError.h"
 #include "ScalarType.h"
-#include "UserError.h"
 
 #include <zlib.h>
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "PictureFile.h"
 
-#include "Interruption.h"
-#include "QuietLibraries.h"
-#include "UserError.h"
+#include "../terminal/Interruption.h"
+#include "../terminal/QuietLibraries.h"
+#include "../terminal/UserError.h"
 
 #include <vtkImageData.h>
 #include <vtkNew.h>

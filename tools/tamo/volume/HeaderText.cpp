@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "HeaderText.h"
 
-#include "UserError.h"
+#include "../terminal/UserError.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "../terminal/UserError.h"
 #include "ScalarType.h"
-#include "UserError.h"
 #include "VolumeFormats.h"
 
 #include <tiffio.h>

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "RenderCommand.h"
 
-#include "OffscreenContext.h"
-#include "Panels.h"
+#include "../OffscreenContext.h"
+#include "../Panels.h"
+#include "../SurfaceLists.h"
+#include "../SurfacePicture.h"
+#include "../terminal/StageTimer.h"
+#include "../terminal/UserError.h"
+#include "../volume/ScalarType.h"
 #include "PictureFile.h"
-#include "ScalarType.h"
-#include "StageTimer.h"
-#include "SurfaceLists.h"
-#include "SurfacePicture.h"
-#include "UserError.h"
 
 #include <tamo/surface/TAMO.h>
 

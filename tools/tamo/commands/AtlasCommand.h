@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "AdjacencyNames.h"
-#include "Camera.h"
+#include "../Camera.h"
+#include "../options/AdjacencyNames.h"
 
 #include <filesystem>
 #include <vector>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "../terminal/UserError.h"
 #include "HeaderText.h"
 #include "ScalarType.h"
-#include "UserError.h"
 #include "VolumeFormats.h"
 #include "VoxelFile.h"
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "VolumeReader.h"
 
-#include "QuietLibraries.h"
-#include "UserError.h"
+#include "../terminal/QuietLibraries.h"
+#include "../terminal/UserError.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "SurfacePicture.h"
+#include "../SurfacePicture.h"
 
 #include <filesystem>
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "AdjacencyNames.h"
-#include "BinaryVolume.h"
-#include "Camera.h"
-#include "VolumeReader.h"
+#include "../Camera.h"
+#include "../options/AdjacencyNames.h"
+#include "../volume/BinaryVolume.h"
+#include "../volume/VolumeReader.h"
 
 #include <filesystem>
 #include <optional>

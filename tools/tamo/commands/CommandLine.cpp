@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "CommandLine.h"
 
-#include "OptionValues.h"
-#include "ScalarType.h"
-#include "UserError.h"
+#include "../options/OptionValues.h"
+#include "../terminal/UserError.h"
+#include "../volume/ScalarType.h"
 
 #include <CLI/CLI.hpp>
 

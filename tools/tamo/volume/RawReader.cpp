@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "UserError.h"
+#include "../terminal/UserError.h"
 #include "VolumeFormats.h"
 #include "VoxelFile.h"
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "../volume/VolumeReader.h"
 #include "AtlasCommand.h"
 #include "RenderCommand.h"
-#include "VolumeReader.h"
 
 #include <variant>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "InfoCommand.h"
 
-#include "ScalarType.h"
-#include "VoxelStatistics.h"
+#include "../volume/ScalarType.h"
+#include "../volume/VoxelStatistics.h"
 
 #include <iostream>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "QuietLibraries.h"
-#include "UserError.h"
+#include "../terminal/QuietLibraries.h"
+#include "../terminal/UserError.h"
 #include "VolumeFormats.h"
 
 #include <vtkDICOMImageReader.h>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "AdjacencyNames.h"
 
-#include "UserError.h"
+#include "../terminal/UserError.h"
 
 #include <tamo/TamoException.h>
 #include <tamo/surface/TAMO.h>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "VolumeReader.h"
+#include "../volume/VolumeReader.h"
 
 namespace tamo {
 

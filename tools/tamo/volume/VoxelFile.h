@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "Progress.h"
+#include "../terminal/Progress.h"
 #include "Volume.h"
 
 #include <cstdint>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "AtlasCommand.h"
 
-#include "AtlasSheet.h"
-#include "OffscreenContext.h"
+#include "../AtlasSheet.h"
+#include "../OffscreenContext.h"
 #include "PictureFile.h"
 
 #include <algorithm>
