@@ -13,9 +13,9 @@
 #include <cstdio>
 #include <utility>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 // Lengths are in edges of the cell.
 constexpr double kTile = 2.05;
@@ -85,8 +85,6 @@ void setMaterials() {
 }
 
 } // namespace
-
-namespace tamo {
 
 AtlasSheet::AtlasSheet(std::vector<AtlasTile> const& tiles, std::size_t columns, View view, PictureSize size,
                        int samples)
@@ -248,4 +246,4 @@ void AtlasSheet::drawNames(AtlasTile const& tile, Vector3 const& centre) const {
     drawStrokeText(tile.system, onScreen(centre, -kSide, -kSide, kNearer), right, up);
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Is what one tile of a sheet shows: a configuration and the polygons, not owned, that a system gives it.
 struct AtlasTile {
@@ -56,4 +56,4 @@ class AtlasSheet {
     unsigned int _list = 0;
 };
 
-} // namespace tamo
+} // namespace tamo::tool

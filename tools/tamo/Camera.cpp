@@ -7,9 +7,9 @@
 #include <cstring>
 #include <limits>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 constexpr double kMargin = 0.05;
 
@@ -70,8 +70,6 @@ Extent screenExtent(BinaryVolume const& binary, std::array<Vector3, 3> const& st
 
 } // namespace
 
-namespace tamo {
-
 std::array<Vector3, 3> screenAxes(View view) {
     double const degree = std::acos(-1.0) / 180.0;
     double const sinA = std::sin(view.azimuth * degree);
@@ -105,4 +103,4 @@ Camera frameForeground(BinaryVolume const& binary, Volume const& geometry, unsig
     return camera;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Says from where a surface is looked at, in degrees. Azimuth 0 looks from the end of the y axis (a patient's front),
 /// 90 from the end of the x axis (the right side); elevation 90 looks from above, the end of the z axis.
@@ -35,4 +35,4 @@ std::array<Vector3, 3> screenAxes(View view);
 Camera frameForeground(BinaryVolume const& binary, Volume const& geometry, unsigned int step, View view,
                        PictureSize size);
 
-} // namespace tamo
+} // namespace tamo::tool

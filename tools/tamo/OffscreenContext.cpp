@@ -8,18 +8,18 @@
 
 #include <string>
 
+namespace tamo::tool {
+
 namespace {
 
 void require(bool isGood, char const* what) {
     if (!isGood) {
-        throw tamo::UserError(std::string("offscreen OpenGL: expected ") + what +
-                              " of EGL on Mesa's surfaceless platform; is Mesa's libEGL installed?");
+        throw UserError(std::string("offscreen OpenGL: expected ") + what +
+                        " of EGL on Mesa's surfaceless platform; is Mesa's libEGL installed?");
     }
 }
 
 } // namespace
-
-namespace tamo {
 
 OffscreenContext::OffscreenContext(int width, int height)
     : _display(eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr)) {
@@ -58,4 +58,4 @@ OffscreenContext::~OffscreenContext() {
     eglTerminate(_display);
 }
 
-} // namespace tamo
+} // namespace tamo::tool

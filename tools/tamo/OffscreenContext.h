@@ -4,7 +4,7 @@
 
 #include <EGL/egl.h>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Owns an OpenGL context without a window system, current on the thread that made it, and its picture of 8 bits a
 /// colour and 24 of depth.
@@ -22,4 +22,4 @@ class OffscreenContext {
     EGLSurface _surface = EGL_NO_SURFACE;
 };
 
-} // namespace tamo
+} // namespace tamo::tool

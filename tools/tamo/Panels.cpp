@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace tamo {
+namespace tamo::tool {
 
 Panel panelOf(PictureSize picture, std::size_t i, std::size_t count) {
     auto const width = static_cast<std::size_t>(picture.width);
@@ -48,4 +48,4 @@ void placePanel(Picture const& drawn, Panel const& panel, PictureSize size, Pict
     }
 }
 
-} // namespace tamo
+} // namespace tamo::tool

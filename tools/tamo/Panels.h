@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Is a part of a picture, as high as the picture.
 struct Panel {
@@ -25,4 +25,4 @@ unsigned int compileLabel(std::string const& label, PictureSize size, int sample
 /// Puts the picture of a panel in its place. The first one makes room for all.
 void placePanel(Picture const& drawn, Panel const& panel, PictureSize size, Picture& picture);
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -6,9 +6,9 @@
 
 #include <cstddef>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 constexpr double kHeight = 6;
 constexpr double kGlyphWidth = 4;
@@ -35,8 +35,6 @@ char const* strokesOf(char letter) {
 
 } // namespace
 
-namespace tamo {
-
 double strokeTextWidth(std::string const& text) {
     return (kAdvance * static_cast<double>(text.size()) - (kAdvance - kGlyphWidth)) / kHeight;
 }
@@ -62,4 +60,4 @@ void drawStrokeText(std::string const& text, Vector3 const& lowerLeft, Vector3 c
     }
 }
 
-} // namespace tamo
+} // namespace tamo::tool

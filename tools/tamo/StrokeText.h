@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Returns the width of `text` in heights of a letter.
 double strokeTextWidth(std::string const& text);
@@ -16,4 +16,4 @@ double strokeTextWidth(std::string const& text);
 /// and x; any other character is a space.
 void drawStrokeText(std::string const& text, Vector3 const& lowerLeft, Vector3 const& right, Vector3 const& up);
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -13,9 +13,9 @@
 
 #include <string>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 // Hands the surface on to the library's own receiver, moved by `origin` and a list after another, and shows how much
 // of it has passed.
@@ -62,8 +62,6 @@ class ListCompiler : public IPolygonAggregator {
 
 } // namespace
 
-namespace tamo {
-
 std::vector<unsigned int> compileSurface(Scan const& scan, GLObjectList const& objects, GLDataInfo const& info) {
     Progress progress("scanning");
     progress.update(0);
@@ -82,4 +80,4 @@ std::vector<unsigned int> compileSurface(Scan const& scan, GLObjectList const& o
     return compiler.lists();
 }
 
-} // namespace tamo
+} // namespace tamo::tool

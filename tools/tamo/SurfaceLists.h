@@ -9,7 +9,7 @@
 
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Is a box of voxels to be scanned, every `step` of them along each axis.
 struct Scan {
@@ -25,4 +25,4 @@ struct Scan {
 /// count. Throws `UserError` where there is no memory for the scan.
 std::vector<unsigned int> compileSurface(Scan const& scan, GLObjectList const& objects, GLDataInfo const& info);
 
-} // namespace tamo
+} // namespace tamo::tool

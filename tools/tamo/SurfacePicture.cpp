@@ -9,9 +9,9 @@
 
 #include <algorithm>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 constexpr float kBackground = 0.94F;
 
@@ -91,8 +91,6 @@ Picture reduce(std::vector<unsigned char> const& drawn, PictureSize size, int sa
 
 } // namespace
 
-namespace tamo {
-
 int chooseSamples(PictureSize size) {
     // What Mesa's software rasteriser can draw, and every hardware of the last ten years.
     constexpr int kMaxSide = 16384;
@@ -125,4 +123,4 @@ Picture drawSurface(std::vector<unsigned int> const& displayLists, Camera const&
     return reduce(drawn, size, samples);
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Holds a picture, 3 bytes (red, green, blue) a pixel, the bottom row first.
 struct Picture {
@@ -23,4 +23,4 @@ int chooseSamples(PictureSize size);
 /// drawn. Throws `UserError` where OpenGL reports an error.
 Picture drawSurface(std::vector<unsigned int> const& displayLists, Camera const& camera, PictureSize size, int samples);
 
-} // namespace tamo
+} // namespace tamo::tool

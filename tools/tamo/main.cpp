@@ -19,22 +19,22 @@ int fail(std::string message) {
     return EXIT_FAILURE;
 }
 
-void run(tamo::Request const& request) {
-    if (auto const* const info = std::get_if<tamo::InfoOptions>(&request)) {
-        tamo::printVolumeInfo(info->source);
-    } else if (auto const* const render = std::get_if<tamo::RenderOptions>(&request)) {
-        tamo::renderVolume(*render);
-    } else if (auto const* const atlas = std::get_if<tamo::AtlasOptions>(&request)) {
-        tamo::drawAtlas(*atlas);
+void run(tamo::tool::Request const& request) {
+    if (auto const* const info = std::get_if<tamo::tool::InfoOptions>(&request)) {
+        tamo::tool::printVolumeInfo(info->source);
+    } else if (auto const* const render = std::get_if<tamo::tool::RenderOptions>(&request)) {
+        tamo::tool::renderVolume(*render);
+    } else if (auto const* const atlas = std::get_if<tamo::tool::AtlasOptions>(&request)) {
+        tamo::tool::drawAtlas(*atlas);
     }
 }
 
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    tamo::installInterruption();
+    tamo::tool::installInterruption();
     try {
-        run(tamo::parseCommandLine(argumentCount, arguments));
+        run(tamo::tool::parseCommandLine(argumentCount, arguments));
     } catch (std::bad_alloc const&) {
         return fail("not enough memory for this volume; a larger --step makes a smaller surface");
     } catch (std::exception const& error) {

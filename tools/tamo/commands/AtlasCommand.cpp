@@ -10,9 +10,9 @@
 #include <iostream>
 #include <numeric>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 constexpr std::size_t kConfigurations = 256;
 constexpr std::size_t kMostColumns = 16;
@@ -35,8 +35,6 @@ std::vector<AtlasTile> arrangeTiles(AtlasOptions const& options, std::vector<GLO
 
 } // namespace
 
-namespace tamo {
-
 void drawAtlas(AtlasOptions const& options) {
     int const samples = chooseSamples(options.size);
     PictureFile file(options.output);
@@ -54,4 +52,4 @@ void drawAtlas(AtlasOptions const& options) {
               << "\n";
 }
 
-} // namespace tamo
+} // namespace tamo::tool

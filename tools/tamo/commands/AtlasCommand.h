@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 struct AtlasOptions {
     std::filesystem::path output;
@@ -24,4 +24,4 @@ struct AtlasOptions {
 /// tiles; several have a column each.
 void drawAtlas(AtlasOptions const& options);
 
-} // namespace tamo
+} // namespace tamo::tool

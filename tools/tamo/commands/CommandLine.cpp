@@ -10,9 +10,9 @@
 
 #include <algorithm>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 // The texts of the options, empty where one is not given: they are judged here, in one voice, and not by the parser.
 struct Texts {
@@ -249,8 +249,6 @@ AtlasOptions atlasOptions(Texts const& texts) {
 
 } // namespace
 
-namespace tamo {
-
 Request parseCommandLine(int argumentCount, char const* const* arguments) {
     Texts texts;
     Texts atlasTexts = atlasDefaults();
@@ -289,4 +287,4 @@ Request parseCommandLine(int argumentCount, char const* const* arguments) {
     return renderOptions(texts);
 }
 
-} // namespace tamo
+} // namespace tamo::tool

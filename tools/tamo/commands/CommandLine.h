@@ -8,7 +8,7 @@
 
 #include <variant>
 
-namespace tamo {
+namespace tamo::tool {
 
 struct InfoOptions {
     VolumeSource source;
@@ -20,4 +20,4 @@ using Request = std::variant<std::monostate, InfoOptions, RenderOptions, AtlasOp
 /// Reads the command line. Throws `UserError` for one that cannot be followed.
 Request parseCommandLine(int argumentCount, char const* const* arguments);
 
-} // namespace tamo
+} // namespace tamo::tool

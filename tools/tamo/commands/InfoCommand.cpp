@@ -7,7 +7,7 @@
 
 #include <iostream>
 
-namespace tamo {
+namespace tamo::tool {
 
 void printVolumeInfo(VolumeSource const& source) {
     Volume const volume = [&source] {
@@ -28,4 +28,4 @@ void printVolumeInfo(VolumeSource const& source) {
               << "bytes       " << voxelBytes(volume) << "\n";
 }
 
-} // namespace tamo
+} // namespace tamo::tool

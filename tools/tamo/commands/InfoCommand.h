@@ -4,9 +4,9 @@
 
 #include "../volume/VolumeReader.h"
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Prints what a volume is: dimensions, type, spacing, value range, bytes.
 void printVolumeInfo(VolumeSource const& source);
 
-} // namespace tamo
+} // namespace tamo::tool

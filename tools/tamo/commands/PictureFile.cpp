@@ -17,9 +17,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 // Makes an empty file of a name of its own, which an interruption removes; returns its descriptor, or -1.
@@ -49,8 +50,6 @@ std::vector<unsigned char> encode(Picture const& picture) {
 }
 
 } // namespace
-
-namespace tamo {
 
 PictureFile::PictureFile(fs::path path) : _path(std::move(path)) {
     std::error_code ignored;
@@ -92,4 +91,4 @@ void PictureFile::write(Picture const& picture) {
     _unfinished.clear();
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Is a PNG file that appears under its name only once it is complete.
 ///
@@ -28,4 +28,4 @@ class PictureFile {
     std::string _unfinished;
 };
 
-} // namespace tamo
+} // namespace tamo::tool

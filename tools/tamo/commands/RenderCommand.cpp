@@ -20,9 +20,9 @@
 #include <iostream>
 #include <limits>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 std::string text(Size3 const& v, char const* separator) {
     return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
@@ -154,8 +154,6 @@ int choosePanelSamples(RenderOptions const& options) {
 
 } // namespace
 
-namespace tamo {
-
 void renderVolume(RenderOptions const& options) {
     StageTimer timer;
     int const samples = choosePanelSamples(options);
@@ -194,4 +192,4 @@ void renderVolume(RenderOptions const& options) {
     }
 }
 
-} // namespace tamo
+} // namespace tamo::tool

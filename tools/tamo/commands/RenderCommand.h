@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 struct RenderOptions {
     VolumeSource source;
@@ -30,4 +30,4 @@ struct RenderOptions {
 /// Draws the surface of a volume's foreground into a PNG file, once a system, and prints its figures.
 void renderVolume(RenderOptions const& options);
 
-} // namespace tamo
+} // namespace tamo::tool

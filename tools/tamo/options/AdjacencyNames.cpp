@@ -10,9 +10,9 @@
 #include <algorithm>
 #include <array>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 NamedSystem findSystem(std::string const& name, std::string const& text) {
     std::array<NamedSystem, 6> const systems{{{"N6", Neighborhood::N6},
@@ -30,8 +30,6 @@ NamedSystem findSystem(std::string const& name, std::string const& text) {
 }
 
 } // namespace
-
-namespace tamo {
 
 std::vector<NamedSystem> parseSystems(std::string const& text) {
     std::vector<NamedSystem> systems;
@@ -52,4 +50,4 @@ void makeObjects(NamedSystem const& system, GLObjectList& objects) {
     }
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Is an adjacency system and the name that the command line calls it by.
 struct NamedSystem {
@@ -22,4 +22,4 @@ std::vector<NamedSystem> parseSystems(std::string const& text);
 /// Fills `objects` with the polygons of the system. Throws `UserError` where the library refuses it.
 void makeObjects(NamedSystem const& system, GLObjectList& objects);
 
-} // namespace tamo
+} // namespace tamo::tool

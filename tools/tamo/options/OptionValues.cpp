@@ -8,10 +8,12 @@
 #include <charconv>
 #include <cmath>
 
+namespace tamo::tool {
+
 namespace {
 
 [[noreturn]] void fail(std::string const& option, std::string const& text, std::string const& expected) {
-    throw tamo::UserError(option + " " + text + ": expected " + expected);
+    throw UserError(option + " " + text + ": expected " + expected);
 }
 
 // Reads all of `text` as one number of type T; false where it is something else.
@@ -45,8 +47,6 @@ std::vector<T> readList(std::string const& option, std::string const& text, char
 
 } // namespace
 
-namespace tamo {
-
 double parseNumber(std::string const& option, std::string const& text) {
     double value = 0;
     if (!read(text, value) || !std::isfinite(value)) {
@@ -74,4 +74,4 @@ std::vector<int> parseWholes(std::string const& option, std::string const& text,
     return readList<int>(option, text, separator, count, expected, [least](int value) { return value >= least; });
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 // Readers of option values. All of them take the whole text and throw `UserError` naming `option` and what was
 // expected.
@@ -20,4 +20,4 @@ std::vector<double> parseNumbers(std::string const& option, std::string const& t
 std::vector<int> parseWholes(std::string const& option, std::string const& text, char separator, std::size_t count,
                              int least, std::string const& expected);
 
-} // namespace tamo
+} // namespace tamo::tool

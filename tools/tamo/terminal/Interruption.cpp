@@ -9,6 +9,8 @@
 #include <cstring>
 #include <unistd.h>
 
+namespace tamo::tool {
+
 namespace {
 
 constexpr std::array<int, 3> kSignals{SIGINT, SIGTERM, SIGHUP};
@@ -21,16 +23,14 @@ extern "C" void stopProgram(int signal) {
     if (hasUnfinishedFile) {
         unlink(unfinishedFile.data());
     }
-    tamo::Progress::wipe();
+    Progress::wipe();
     static constexpr char kMessage[] = "tamo: cancelled; no picture was written\n";
-    [[maybe_unused]] auto const written = write(tamo::Progress::terminal(), kMessage, sizeof kMessage - 1);
+    [[maybe_unused]] auto const written = write(Progress::terminal(), kMessage, sizeof kMessage - 1);
     // Dying of the signal itself tells the calling shell that this was a cancellation.
     raise(signal);
 }
 
 } // namespace
-
-namespace tamo {
 
 void installInterruption() {
     struct sigaction action = {};
@@ -60,4 +60,4 @@ void setUnfinishedFile(std::string const& path) {
     }
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -5,7 +5,7 @@
 #include <csignal>
 #include <string>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Lets Ctrl-C (and the signals that end a terminal or a session) stop the program at once, whatever library runs, with
 /// one line on standard error; the file of `setUnfinishedFile` is removed first.
@@ -27,4 +27,4 @@ class HeldInterruption {
     sigset_t _before;
 };
 
-} // namespace tamo
+} // namespace tamo::tool

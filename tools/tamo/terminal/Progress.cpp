@@ -6,14 +6,14 @@
 #include <atomic>
 #include <unistd.h>
 
+namespace tamo::tool {
+
 namespace {
 
 std::atomic<int> terminalDescriptor{STDERR_FILENO};
 std::atomic<bool> hasLine{false};
 
 } // namespace
-
-namespace tamo {
 
 Progress::Progress(std::string stage) : _stage(std::move(stage)) {}
 
@@ -58,4 +58,4 @@ void Progress::update(double fraction) {
     show("[" + bar + "] " + std::to_string(static_cast<int>(shown * 100)) + " %");
 }
 
-} // namespace tamo
+} // namespace tamo::tool

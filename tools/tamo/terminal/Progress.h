@@ -5,7 +5,7 @@
 #include <chrono>
 #include <string>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Shows how far a stage has come, as one line on standard error that is wiped at the end; only on a terminal.
 /// One at a time.
@@ -35,4 +35,4 @@ class Progress {
     std::chrono::steady_clock::time_point _nextDraw{};
 };
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -12,6 +12,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace tamo::tool {
+
 namespace {
 
 // Swallows VTK's messages and remembers that there was an error.
@@ -57,8 +59,6 @@ void restore(int descriptor, int saved) {
 
 } // namespace
 
-namespace tamo {
-
 QuietLibraries::QuietLibraries() {
     silentWindow().hasError = false;
     std::fflush(stdout);
@@ -76,4 +76,4 @@ QuietLibraries::~QuietLibraries() {
 
 bool QuietLibraries::hasVtkError() const { return silentWindow().hasError; }
 
-} // namespace tamo
+} // namespace tamo::tool

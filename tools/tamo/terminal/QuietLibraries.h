@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Keeps what libraries print off the terminal while it lives, and knows whether VTK reported an error.
 ///
@@ -23,4 +23,4 @@ class QuietLibraries {
     int _standardError;
 };
 
-} // namespace tamo
+} // namespace tamo::tool

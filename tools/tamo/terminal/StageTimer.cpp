@@ -6,6 +6,8 @@
 #include <iomanip>
 #include <ostream>
 
+namespace tamo::tool {
+
 namespace {
 
 // Makes Linux forget the largest resident size so far, so that each stage has a peak of its own.
@@ -27,8 +29,6 @@ std::uint64_t peakMemory() {
 
 } // namespace
 
-namespace tamo {
-
 StageTimer::Measurement::Measurement(StageTimer& timer, std::string name) : _timer(timer), _name(std::move(name)) {
     resetPeakMemory();
     _start = std::chrono::steady_clock::now();
@@ -48,4 +48,4 @@ void StageTimer::print(std::ostream& out) const {
     }
 }
 
-} // namespace tamo
+} // namespace tamo::tool

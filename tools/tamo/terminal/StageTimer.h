@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Measures wall time and peak memory of the stages of a run.
 class StageTimer {
@@ -46,4 +46,4 @@ class StageTimer {
     std::vector<Stage> _stages;
 };
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Reports what the user can put right: one line that names the file or option and says what was expected.
 class UserError : public std::runtime_error {
@@ -12,4 +12,4 @@ class UserError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -4,7 +4,7 @@
 
 #include "ScalarType.h"
 
-namespace tamo {
+namespace tamo::tool {
 
 Size3 sidesOf(Box const& box) {
     return {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1};
@@ -40,4 +40,4 @@ BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const&
     return binary;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Is a box of voxels, both ends included.
 struct Box {
@@ -40,4 +40,4 @@ Size3 sidesOf(Box const& box);
 /// The box's slices must not have more than 2^31 - 1 voxels.
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress);
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -12,9 +12,10 @@
 #include <fstream>
 #include <iterator>
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 // The tag (7FE0, 0010) of the pixel data, as a little-endian file holds it.
@@ -141,8 +142,6 @@ void copySlice(Slice const& slice, Volume& volume, int z) {
 
 } // namespace
 
-namespace tamo {
-
 // VTK can read a folder of slices as well, but takes the distances of rows and columns for each other, and leaves out
 // without a word what it cannot read.
 Volume readDicomSlices(std::vector<fs::path> const& paths, Progress& progress) {
@@ -176,4 +175,4 @@ Volume readDicomSlices(std::vector<fs::path> const& paths, Progress& progress) {
     return volume;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

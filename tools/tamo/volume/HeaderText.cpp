@@ -10,6 +10,8 @@
 #include <limits>
 #include <sstream>
 
+namespace tamo::tool {
+
 namespace {
 
 // Tells whether a value is a whole number in [least, most]; one that is no number is not.
@@ -18,8 +20,6 @@ bool isWhole(double value, double least, double most) {
 }
 
 } // namespace
-
-namespace tamo {
 
 std::string trimmed(std::string const& text) {
     constexpr char const* kBlanks = " \t\r";
@@ -90,4 +90,4 @@ void HeaderText::refuse(std::string const& name, std::string const& expected) co
                     text(name, "") + "\"");
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Holds the fields of a header of text lines, and where in the file it ends.
 class HeaderText {
@@ -48,4 +48,4 @@ class HeaderText {
 /// Returns `text` without blanks at its ends.
 std::string trimmed(std::string const& text);
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -12,9 +12,10 @@
 
 // VTK's own reader of this format takes a truncated file for a whole one.
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 HeaderText readHeader(fs::path const& path) {
@@ -110,8 +111,6 @@ VoxelLocation locateVoxels(HeaderText const& header, fs::path const& path, Volum
 
 } // namespace
 
-namespace tamo {
-
 Volume readMetaImage(fs::path const& path, Progress& progress) {
     HeaderText const header = readHeader(path);
     Volume volume;
@@ -123,4 +122,4 @@ Volume readMetaImage(fs::path const& path, Progress& progress) {
     return volume;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

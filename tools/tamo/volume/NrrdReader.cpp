@@ -13,9 +13,10 @@
 
 // VTK's own reader of this format takes text for binary voxels and goes on past the end of a truncated file.
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 // Spells fields that have two names in one way.
@@ -193,8 +194,6 @@ VoxelLocation locateVoxels(HeaderText const& header, fs::path const& path, Volum
 
 } // namespace
 
-namespace tamo {
-
 Volume readNrrd(fs::path const& path, Progress& progress) {
     HeaderText const header = readHeader(path);
     Volume volume;
@@ -206,4 +205,4 @@ Volume readNrrd(fs::path const& path, Progress& progress) {
     return volume;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -4,7 +4,7 @@
 #include "VolumeFormats.h"
 #include "VoxelFile.h"
 
-namespace tamo {
+namespace tamo::tool {
 
 Volume readRaw(std::filesystem::path const& path, RawLayout const& layout, Progress& progress) {
     Volume volume;
@@ -23,4 +23,4 @@ Volume readRaw(std::filesystem::path const& path, RawLayout const& layout, Progr
     return volume;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

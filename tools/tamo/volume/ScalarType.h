@@ -10,7 +10,7 @@
 #include <string>
 #include <type_traits>
 
-namespace tamo {
+namespace tamo::tool {
 
 struct ScalarType {
     char const* name;
@@ -71,4 +71,4 @@ inline std::string scalarTypeName(int vtkType) {
     });
 }
 
-} // namespace tamo
+} // namespace tamo::tool

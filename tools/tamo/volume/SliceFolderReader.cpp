@@ -12,9 +12,10 @@
 #include <fstream>
 #include <set>
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
@@ -78,8 +79,6 @@ bool endsLikePng(fs::path const& path) {
 }
 
 } // namespace
-
-namespace tamo {
 
 Volume readPngSlices(std::vector<fs::path> const& slices, Progress& progress) {
     Volume volume;
@@ -146,4 +145,4 @@ Volume readSliceFolder(fs::path const& folder, Progress& progress) {
     return *formats.begin() == "PNG" ? readPngSlices(slices, progress) : readTiffSlices(slices, progress);
 }
 
-} // namespace tamo
+} // namespace tamo::tool

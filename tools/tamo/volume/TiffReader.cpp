@@ -15,9 +15,10 @@
 
 // VTK's own reader of this format takes the pages of a compressed stack for others than they are.
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 // libtiff reports to plain functions; errors are told by what its calls return, except for the list of pages.
@@ -162,8 +163,6 @@ Volume makeVolume(Page const& page, int slices, fs::path const& path) {
 
 } // namespace
 
-namespace tamo {
-
 Volume readTiff(fs::path const& path, Progress& progress) {
     TiffFile const file = openTiff(path);
     Page const page = currentPage(file.get(), path);
@@ -193,4 +192,4 @@ Volume readTiffSlices(std::vector<fs::path> const& slices, Progress& progress) {
     return volume;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

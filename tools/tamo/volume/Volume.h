@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <string>
 
-namespace tamo {
+namespace tamo::tool {
 
 using Vector3 = std::array<double, 3>;
 using Size3 = std::array<int, 3>;
@@ -41,4 +41,4 @@ std::uint64_t voxelBytes(Volume const& volume);
 /// Returns the address of the first voxel of row y of slice z.
 unsigned char* rowAddress(vtkImageData& image, int y, int z);
 
-} // namespace tamo
+} // namespace tamo::tool

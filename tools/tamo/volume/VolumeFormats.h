@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Describes a file of bare voxels, x fastest, then y, then z.
 struct RawLayout {
@@ -38,4 +38,4 @@ Volume readSliceFolder(std::filesystem::path const& folder, Progress& progress);
 Volume readDicomSlices(std::vector<std::filesystem::path> const& slices, Progress& progress);
 Volume readRaw(std::filesystem::path const& path, RawLayout const& layout, Progress& progress);
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -10,9 +10,10 @@
 #include <fstream>
 #include <new>
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 bool hasEnding(std::string const& text, std::string const& ending) {
@@ -90,8 +91,6 @@ void checkVolume(Volume const& volume, std::string const& path) {
 
 } // namespace
 
-namespace tamo {
-
 vtkSmartPointer<vtkImageData> allocateImage(Size3 const& size, int vtkType, std::string const& path) {
     auto image = vtkSmartPointer<vtkImageData>::New();
     image->SetDimensions(size[0], size[1], size[2]);
@@ -131,4 +130,4 @@ Volume readVolume(VolumeSource const& source, Progress& progress) {
     return volume;
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace tamo {
+namespace tamo::tool {
 
 /// Says where a volume is and what its file does not tell.
 struct VolumeSource {
@@ -24,4 +24,4 @@ struct VolumeSource {
 /// complete volume of at least two voxels a side with one scalar a voxel.
 Volume readVolume(VolumeSource const& source, Progress& progress);
 
-} // namespace tamo
+} // namespace tamo::tool

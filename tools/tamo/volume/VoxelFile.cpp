@@ -15,9 +15,10 @@
 #include <string>
 #include <vector>
 
+namespace tamo::tool {
+
 namespace {
 
-using namespace tamo;
 namespace fs = std::filesystem;
 
 bool isBigEndianMachine() {
@@ -185,8 +186,6 @@ void readText(Volume& volume, VoxelLocation const& location, Progress& progress)
 
 } // namespace
 
-namespace tamo {
-
 void readVoxels(Volume& volume, VoxelLocation const& location, Progress& progress) {
     switch (location.encoding) {
     case VoxelEncoding::Raw:
@@ -209,4 +208,4 @@ void checkGzipFile(fs::path const& path) {
     }
 }
 
-} // namespace tamo
+} // namespace tamo::tool

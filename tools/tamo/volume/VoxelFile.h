@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 
-namespace tamo {
+namespace tamo::tool {
 
 enum class VoxelEncoding {
     Raw,
@@ -37,4 +37,4 @@ std::uint64_t startOfLastBytes(std::filesystem::path const& path, std::uint64_t 
 /// Throws `UserError` for a gzip file that does not expand to its end.
 void checkGzipFile(std::filesystem::path const& path);
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -12,9 +12,9 @@
 #include <sstream>
 #include <vector>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 // Calls `visit` with every voxel's stored number.
 template <typename Visit> void forEachVoxel(Volume const& volume, Visit&& visit) {
@@ -60,8 +60,6 @@ std::size_t splitHistogram(std::vector<double> const& histogram) {
 
 } // namespace
 
-namespace tamo {
-
 ValueRange computeValueRange(Volume const& volume, std::string const& path) {
     double min = std::numeric_limits<double>::infinity();
     double max = -min;
@@ -105,4 +103,4 @@ std::string numberText(double value) {
     return text.str();
 }
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -4,7 +4,7 @@
 
 #include "Volume.h"
 
-namespace tamo {
+namespace tamo::tool {
 
 struct ValueRange {
     double min;
@@ -22,4 +22,4 @@ double computeOtsuThreshold(Volume const& volume, ValueRange range);
 /// Returns a value as people write it: whole numbers in full, others with nine digits.
 std::string numberText(double value);
 
-} // namespace tamo
+} // namespace tamo::tool

@@ -21,9 +21,9 @@
 #include <fstream>
 #include <string_view>
 
-namespace {
+namespace tamo::tool {
 
-using namespace tamo;
+namespace {
 
 void showProgress(vtkObject* caller, unsigned long, void* progress, void*) {
     static_cast<Progress*>(progress)->update(static_cast<vtkAlgorithm*>(caller)->GetProgress());
@@ -102,8 +102,6 @@ bool hasClosingTag(std::filesystem::path const& path) {
 
 } // namespace
 
-namespace tamo {
-
 Volume readNifti(std::filesystem::path const& path, Progress& progress) {
     if (isGzipFile(path)) {
         // VTK does not look at the check sum, and a stream that ends early need not miss a voxel.
@@ -148,4 +146,4 @@ Volume readVti(std::filesystem::path const& path, Progress& progress) {
     return volume;
 }
 
-} // namespace tamo
+} // namespace tamo::tool
