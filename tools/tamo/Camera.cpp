@@ -13,8 +13,6 @@ namespace {
 
 constexpr double kMargin = 0.05;
 
-double dot(Vector3 const& a, Vector3 const& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
 // Returns how far along each screen axis one voxel leads along each volume axis: [screen][volume].
 std::array<Vector3, 3> voxelSteps(Volume const& geometry, View view) {
     auto const screen = screenAxes(view);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "volume/BinaryVolume.h"
+#include "commands/Scan.h"
 
 #include <tamo/objects/GLObjectList.h>
 #include <tamo/surface/GLDataInfo.h>
@@ -10,15 +10,6 @@
 #include <vector>
 
 namespace tamo::tool {
-
-/// Is a box of voxels to be scanned, every `step` of them along each axis.
-struct Scan {
-    BinaryVolume binary;
-    unsigned int step;
-
-    /// Returns the box's sides, as a scan takes them.
-    [[nodiscard]] GLtVec3<int> extent() const { return {binary.size[0], binary.size[1], binary.size[2]}; }
-};
 
 /// Compiles the surface of a scan into display lists of the current context and returns their names: drawn one behind
 /// the other they are the surface in voxels of the whole volume, and each takes a moment only. `info` is the scan's own

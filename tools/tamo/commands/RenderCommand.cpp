@@ -9,6 +9,7 @@
 #include "../terminal/StageTimer.h"
 #include "../terminal/UserError.h"
 #include "../volume/ScalarType.h"
+#include "../volume/VoxelStatistics.h"
 #include "PictureFile.h"
 
 #include <tamo/surface/TAMO.h>
@@ -37,7 +38,7 @@ Box chooseBox(RenderOptions const& options, Size3 const& size) {
                             ": expected voxels inside the volume of " + text(size, " x "));
         }
     }
-    Size3 const sides = sidesOf(box);
+    Size3 const sides = box.sides();
     int const smallest = *std::min_element(sides.begin(), sides.end());
     if (options.step > smallest) {
         throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(smallest) +

@@ -6,14 +6,10 @@
 
 namespace tamo::tool {
 
-Size3 sidesOf(Box const& box) {
-    return {box.last[0] - box.first[0] + 1, box.last[1] - box.first[1] + 1, box.last[2] - box.first[2] + 1};
-}
-
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress) {
     BinaryVolume binary;
     binary.first = box.first;
-    binary.size = sidesOf(box);
+    binary.size = box.sides();
     Size3 const& size = binary.size;
     binary.voxels.resize(static_cast<std::size_t>(size[0]) * static_cast<std::size_t>(size[1]) *
                          static_cast<std::size_t>(size[2]));

@@ -3,8 +3,9 @@
 #pragma once
 
 #include "../terminal/Progress.h"
+#include "Box.h"
+#include "ValueRange.h"
 #include "Volume.h"
-#include "VoxelStatistics.h"
 
 #include <tamo/geometry/GLtVec3.h>
 
@@ -12,12 +13,6 @@
 #include <vector>
 
 namespace tamo::tool {
-
-/// Is a box of voxels, both ends included.
-struct Box {
-    Size3 first{};
-    Size3 last{};
-};
 
 /// Holds one byte for each voxel of a box of a volume, 1 for foreground and 0 for background, x fastest, then y, then
 /// z.
@@ -32,9 +27,6 @@ struct BinaryVolume {
     /// Returns the address distances between neighbouring voxels, as a scan takes them.
     [[nodiscard]] GLtVec3<int> increments() const { return {1, size[0], size[0] * size[1]}; }
 };
-
-/// Returns the sides of a box.
-Size3 sidesOf(Box const& box);
 
 /// Marks the voxels of `box` whose value lies in `range`, ends included; a voxel without a value (NaN) is background.
 /// The box's slices must not have more than 2^31 - 1 voxels.

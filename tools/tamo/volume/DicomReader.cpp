@@ -50,12 +50,6 @@ bool hasAllPixels(fs::path const& path, std::uint64_t pixels) {
     return false;
 }
 
-Vector3 cross(Vector3 const& a, Vector3 const& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-double dot(Vector3 const& a, Vector3 const& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
 // What VTK tells of one slice. Directions and positions lead towards the left, the back and the top.
 struct Slice {
     fs::path path;

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "Size3.h"
+
+#include "geometry/Vector3.h"
+
 #include <vtkImageData.h>
 #include <vtkSmartPointer.h>
 
@@ -10,9 +14,6 @@
 #include <string>
 
 namespace tamo::tool {
-
-using Vector3 = std::array<double, 3>;
-using Size3 = std::array<int, 3>;
 
 /// Holds a scalar volume as its file stores it, and how to understand it.
 ///

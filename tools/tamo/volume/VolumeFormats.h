@@ -3,22 +3,13 @@
 #pragma once
 
 #include "../terminal/Progress.h"
+#include "RawLayout.h"
 #include "Volume.h"
 
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <vector>
 
 namespace tamo::tool {
-
-/// Describes a file of bare voxels, x fastest, then y, then z.
-struct RawLayout {
-    Size3 size{};
-    int vtkType = 0;
-    bool isBigEndian = false;
-    std::uint64_t headerBytes = 0;
-};
 
 // One reader for each format. All of them throw `UserError`, naming the file, for one that is damaged, incomplete or
 // not a volume of one scalar a voxel; none returns voxels that it did not find in the file.

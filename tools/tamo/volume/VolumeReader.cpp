@@ -4,6 +4,7 @@
 
 #include "../terminal/QuietLibraries.h"
 #include "../terminal/UserError.h"
+#include "VolumeFormats.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "ValueRange.h"
 #include "Volume.h"
 
-namespace tamo::tool {
+#include <string>
 
-struct ValueRange {
-    double min;
-    double max;
-};
+namespace tamo::tool {
 
 /// Returns the smallest and the largest finite value. Throws `UserError`, naming `path`, where there is none.
 ValueRange computeValueRange(Volume const& volume, std::string const& path);
