@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../Camera.h"
 #include "../options/AdjacencyNames.h"
+
+#include "picture/PictureSize.h"
+#include "picture/View.h"
 
 #include <filesystem>
 #include <vector>
@@ -16,8 +18,8 @@ struct AtlasOptions {
     std::vector<NamedSystem> systems;
     /// Each from 0 to 255; all of them where none is named, which takes a single system.
     std::vector<int> configurations;
-    PictureSize size{};
-    View view{};
+    picture::PictureSize size{};
+    picture::View view{};
 };
 
 /// Draws cell configurations with their polygons, a tile each, into a PNG file. One system fills rows of at most 16

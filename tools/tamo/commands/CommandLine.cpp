@@ -184,12 +184,16 @@ Box parseBox(std::string const& text) {
     return box;
 }
 
-PictureSize parseSize(std::string const& text) {
+picture::PictureSize parseSize(std::string const& text) {
     auto const size = parseWholes("--size", text, 'x', 2, 1, "WxH, two whole numbers of at least 1");
+    if (std::max(size[0], size[1]) > picture::kMaxPictureSide) {
+        throw UserError("--size " + text + ": expected at most " + std::to_string(picture::kMaxPictureSide) +
+                        " pixels a side");
+    }
     return {size[0], size[1]};
 }
 
-View parseView(std::string const& text) {
+picture::View parseView(std::string const& text) {
     std::string const expected = "AZIMUTH,ELEVATION, two numbers of degrees, the second from -90 to 90";
     auto const view = parseNumbers("--view", text, ',', 2, expected);
     if (std::abs(view[1]) > 90) {

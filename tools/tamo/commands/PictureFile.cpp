@@ -34,7 +34,7 @@ int makeUnfinishedFile(std::string& pattern) {
     return descriptor;
 }
 
-std::vector<unsigned char> encode(Picture const& picture) {
+std::vector<unsigned char> encode(picture::Picture const& picture) {
     vtkNew<vtkImageData> image;
     image->SetDimensions(picture.size.width, picture.size.height, 1);
     image->AllocateScalars(VTK_UNSIGNED_CHAR, 3);
@@ -78,7 +78,7 @@ PictureFile::~PictureFile() {
     setUnfinishedFile("");
 }
 
-void PictureFile::write(Picture const& picture) {
+void PictureFile::write(picture::Picture const& picture) {
     // Through memory: VTK does not tell when the disk is full.
     std::vector<unsigned char> const bytes = encode(picture);
     std::ofstream file(_unfinished, std::ios::binary);

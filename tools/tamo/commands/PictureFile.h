@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../SurfacePicture.h"
+#include "picture/Picture.h"
 
 #include <filesystem>
 
@@ -21,7 +21,7 @@ class PictureFile {
     PictureFile& operator=(PictureFile const&) = delete;
 
     /// Writes the picture and gives the file its name. Throws `UserError` where that fails.
-    void write(Picture const& picture);
+    void write(picture::Picture const& picture);
 
   private:
     std::filesystem::path _path;

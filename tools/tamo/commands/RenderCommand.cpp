@@ -2,24 +2,29 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "RenderCommand.h"
 
-#include "../OffscreenContext.h"
-#include "../Panels.h"
-#include "../SurfaceLists.h"
-#include "../SurfacePicture.h"
+#include "../terminal/QuietLibraries.h"
 #include "../terminal/StageTimer.h"
 #include "../terminal/UserError.h"
 #include "../volume/ScalarType.h"
 #include "../volume/VoxelStatistics.h"
 #include "PictureFile.h"
+#include "Scan.h"
+
+#include "picture/Camera.h"
+#include "picture/OffscreenContext.h"
+#include "picture/Panel.h"
+#include "picture/PictureError.h"
+#include "picture/SurfaceLists.h"
+#include "picture/SurfacePicture.h"
 
 #include <tamo/surface/TAMO.h>
-
-#include <GL/gl.h>
 
 #include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <limits>
+#include <memory>
+#include <optional>
 
 namespace tamo::tool {
 
@@ -114,35 +119,76 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     return info;
 }
 
+// Compiles the surface of a scan into `lists`.
+void compileSurface(Scan const& scan, GLObjectList const& objects, picture::SurfaceLists& lists) {
+    bool const isScanned = [&] {
+        // The scan has a line of its own for this, which names neither file nor option.
+        QuietLibraries const quiet;
+        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(),
+                          objects, lists);
+    }();
+    if (!isScanned) {
+        // All else that a scan refuses has been refused when it was counted.
+        throw UserError("--step " + std::to_string(scan.step) +
+                        ": expected memory for the polygons of this step's cells, found too little");
+    }
+}
+
+picture::CameraFraming frameForeground(BinaryVolume const& binary, Volume const& geometry, picture::View view) {
+    picture::CameraFraming framing(geometry.axes, geometry.spacing, view);
+    visitRowEnds(binary, [&framing](Vector3 const& voxel) { framing.include(voxel); });
+    return framing;
+}
+
 // Draws the surface of every system into its panel.
 class PanelPainter {
   public:
     PanelPainter(RenderOptions const& options, Scan const& scan, Volume const& geometry, int samples)
-        : _options(options), _scan(scan), _geometry(geometry), _samples(samples) {}
+        : _options(options), _scan(scan), _geometry(geometry), _samples(samples), _picture(options.size) {}
 
     void draw(std::size_t i, GLObjectList const& objects, GLDataInfo const& info, StageTimer& timer) {
-        Panel const panel = panelOf(_options.size, i, _options.systems.size());
-        std::vector<GLuint> lists = timer.run("scan", [&] { return compileSurface(_scan, objects, info); });
-        timer.run("draw", [&] {
-            if (_options.systems.size() > 1) {
-                lists.push_back(compileLabel(_options.systems[i].name, panel.size, _samples));
-            }
-            Camera const camera = frameForeground(_scan.binary, _geometry, _scan.step, _options.view, panel.size);
-            placePanel(drawSurface(lists, camera, panel.size, _samples), panel, _options.size, _picture);
-        });
-        for (GLuint const list : lists) {
-            glDeleteLists(list, 1);
+        auto const lists = timer.run("scan", [&] { return compile(objects, info); });
+        timer.run("draw", [&] { drawPanel(i, lists->names()); });
+    }
+
+    [[nodiscard]] picture::Picture const& picture() const { return _picture; }
+
+  private:
+    [[nodiscard]] std::unique_ptr<picture::SurfaceLists> compile(GLObjectList const& objects,
+                                                                 GLDataInfo const& info) const {
+        Progress progress("scanning");
+        progress.update(0);
+        Size3 const& first = _scan.binary.first;
+        GLCoord3f const origin(static_cast<float>(first[0]), static_cast<float>(first[1]),
+                               static_cast<float>(first[2]));
+        auto lists = std::make_unique<picture::SurfaceLists>(origin, info.primitives(), progress.callback());
+        compileSurface(_scan, objects, *lists);
+        return lists;
+    }
+
+    void drawPanel(std::size_t i, std::vector<unsigned int> lists) {
+        picture::Panel const panel = picture::panelOf(_options.size, i, _options.systems.size());
+        std::optional<picture::DisplayList> label;
+        if (_options.systems.size() > 1) {
+            label.emplace(picture::compileLabel(_options.systems[i].name, panel.size, _samples));
+            lists.push_back(label->name());
+        }
+        picture::CameraFraming const framing = frameForeground(_scan.binary, _geometry, _options.view);
+        // The surface cuts the links between samples at their middle, so it reaches half a cell beyond a voxel.
+        picture::Camera const camera = framing.place(panel.size, 0.5 * _scan.step);
+        Progress progress("drawing");
+        try {
+            _picture.place(picture::drawSurface(lists, camera, panel.size, _samples, progress.callback()), panel.left);
+        } catch (picture::PictureMemoryError const& error) {
+            throw UserError(std::string(error.what()) + "; try a larger --step");
         }
     }
 
-    [[nodiscard]] Picture const& picture() const { return _picture; }
-
-  private:
     RenderOptions const& _options;
     Scan const& _scan;
     Volume const& _geometry;
     int _samples;
-    Picture _picture;
+    picture::Picture _picture;
 };
 
 int choosePanelSamples(RenderOptions const& options) {
@@ -150,7 +196,7 @@ int choosePanelSamples(RenderOptions const& options) {
         throw UserError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
                         ": expected a pixel of width or more for each --neighborhood");
     }
-    return chooseSamples(options.size);
+    return picture::chooseSamples(options.size);
 }
 
 } // namespace
@@ -180,7 +226,7 @@ void renderVolume(RenderOptions const& options) {
         }
     });
 
-    OffscreenContext const context(options.size.width * samples, options.size.height * samples);
+    picture::OffscreenContext const context(options.size.width * samples, options.size.height * samples);
     PanelPainter painter(options, scan, volume, samples);
     for (std::size_t i = 0; i < systems; ++i) {
         painter.draw(i, objects[i], infos[i], timer);

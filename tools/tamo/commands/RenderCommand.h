@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../Camera.h"
 #include "../options/AdjacencyNames.h"
 #include "../volume/BinaryVolume.h"
 #include "../volume/VolumeReader.h"
+
+#include "picture/PictureSize.h"
+#include "picture/View.h"
 
 #include <filesystem>
 #include <optional>
@@ -22,8 +24,8 @@ struct RenderOptions {
     std::vector<NamedSystem> systems;
     int step = 1;
     std::optional<Box> box;
-    PictureSize size{};
-    View view{};
+    picture::PictureSize size{};
+    picture::View view{};
     bool isVerbose = false;
 };
 

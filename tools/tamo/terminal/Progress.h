@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string>
 
 namespace tamo::tool {
@@ -20,6 +21,11 @@ class Progress {
     void announce();
     /// Shows `fraction`, in [0, 1]. Cheap enough for every slice: draws ten times a second at most.
     void update(double fraction);
+
+    /// Returns `update`, for work that knows of no terminal. Valid as long as this.
+    [[nodiscard]] std::function<void(double)> callback() {
+        return [this](double fraction) { update(fraction); };
+    }
 
     /// Names the descriptor that stands for standard error while that one is redirected.
     static void setTerminal(int descriptor);

@@ -4,7 +4,27 @@
 
 #include "ScalarType.h"
 
+#include <cstring>
+
 namespace tamo::tool {
+
+void visitRowEnds(BinaryVolume const& binary, std::function<void(Vector3 const&)> const& visit) {
+    auto const rowVoxels = static_cast<std::size_t>(binary.size[0]);
+    unsigned char const* row = binary.voxels.data();
+    for (int z = 0; z < binary.size[2]; ++z) {
+        for (int y = 0; y < binary.size[1]; ++y, row += rowVoxels) {
+            auto const* const first = static_cast<unsigned char const*>(std::memchr(row, 1, rowVoxels));
+            if (first == nullptr) {
+                continue;
+            }
+            auto const* const last = static_cast<unsigned char const*>(memrchr(row, 1, rowVoxels));
+            for (auto const* const end : {first, last}) {
+                visit({static_cast<double>(binary.first[0] + (end - row)), static_cast<double>(binary.first[1] + y),
+                       static_cast<double>(binary.first[2] + z)});
+            }
+        }
+    }
+}
 
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress) {
     BinaryVolume binary;

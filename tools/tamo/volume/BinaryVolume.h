@@ -10,6 +10,7 @@
 #include <tamo/geometry/GLtVec3.h>
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace tamo::tool {
@@ -27,6 +28,10 @@ struct BinaryVolume {
     /// Returns the address distances between neighbouring voxels, as a scan takes them.
     [[nodiscard]] GLtVec3<int> increments() const { return {1, size[0], size[0] * size[1]}; }
 };
+
+/// Calls `visit` with the first and the last foreground voxel of every row that has one, in voxels of the whole volume:
+/// what lies furthest out, in whatever direction, is among them.
+void visitRowEnds(BinaryVolume const& binary, std::function<void(Vector3 const&)> const& visit);
 
 /// Marks the voxels of `box` whose value lies in `range`, ends included; a voxel without a value (NaN) is background.
 /// The box's slices must not have more than 2^31 - 1 voxels.

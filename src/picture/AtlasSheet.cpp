@@ -13,7 +13,7 @@
 #include <cstdio>
 #include <utility>
 
-namespace tamo::tool {
+namespace tamo::picture {
 
 namespace {
 
@@ -86,17 +86,15 @@ void setMaterials() {
 
 } // namespace
 
-AtlasSheet::AtlasSheet(std::vector<AtlasTile> const& tiles, std::size_t columns, View view, PictureSize size,
-                       int samples)
+AtlasSheet::AtlasSheet(std::vector<Tile> const& tiles, std::size_t columns, View view, PictureSize size, int samples)
     : _columns(columns), _axes(screenAxes(view)) {
     placeCamera((tiles.size() + columns - 1) / columns, size);
     double const unitsUp = 2 / _camera.projection[5];
     _scale = size.height * samples / unitsUp;
 
-    GLuint const polygons = compilePolygons(tiles);
-    _list = glGenLists(1);
-    glNewList(_list, GL_COMPILE);
-    drawPolygons(polygons, tiles);
+    compilePolygons(tiles);
+    glNewList(_list.name(), GL_COMPILE);
+    drawPolygons(tiles);
     // What a polygon hides shows through, thin and small.
     glDisable(GL_DEPTH_TEST);
     drawFrames(tiles, /*size=*/0.4);
@@ -120,9 +118,8 @@ void AtlasSheet::placeCamera(std::size_t rows, PictureSize size) {
     _camera.modelView[12] = -halfWidth;
     _camera.modelView[13] = halfHeight;
     _camera.modelView[15] = 1;
-    double const aspect = static_cast<double>(size.width) / size.height;
-    double const half = std::max(halfHeight, halfWidth / aspect);
-    _camera.projection = {1 / (half * aspect), 0, 0, 0, 0, 1 / half, 0, 0, 0, 0, -1 / kDepth, 0, 0, 0, 0, 1};
+    double const half = std::max(halfHeight, halfWidth / size.aspect());
+    _camera.projection = {1 / (half * size.aspect()), 0, 0, 0, 0, 1 / half, 0, 0, 0, 0, -1 / kDepth, 0, 0, 0, 0, 1};
 }
 
 Vector3 AtlasSheet::centreOf(std::size_t tile) const {
@@ -142,9 +139,8 @@ Vector3 AtlasSheet::onScreen(Vector3 const& origin, double right, double up, dou
 
 void AtlasSheet::setLineWidth(double share) const { glLineWidth(static_cast<float>(std::max(1.0, share * _scale))); }
 
-unsigned int AtlasSheet::compilePolygons(std::vector<AtlasTile> const& tiles) const {
-    GLuint const list = glGenLists(1);
-    GLPolygonConsumer consumer(static_cast<int>(list));
+void AtlasSheet::compilePolygons(std::vector<Tile> const& tiles) const {
+    GLPolygonConsumer consumer(static_cast<int>(_polygons.name()));
     consumer.start();
     for (std::size_t i = 0; i < tiles.size(); ++i) {
         Vector3 const corner = inTile(centreOf(i), {0, 0, 0});
@@ -152,16 +148,15 @@ unsigned int AtlasSheet::compilePolygons(std::vector<AtlasTile> const& tiles) co
                                                      static_cast<float>(corner[2])));
     }
     consumer.finish();
-    return list;
 }
 
 // Draws the polygons and the edges of their triangles, thinly also those that a polygon hides.
-void AtlasSheet::drawPolygons(unsigned int polygons, std::vector<AtlasTile> const& tiles) const {
+void AtlasSheet::drawPolygons(std::vector<Tile> const& tiles) const {
     setMaterials();
     // The edges lie on their polygons: these step back to let them be seen.
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1, 4);
-    glCallList(polygons);
+    glCallList(_polygons.name());
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     glDisable(GL_LIGHTING);
@@ -175,7 +170,7 @@ void AtlasSheet::drawPolygons(unsigned int polygons, std::vector<AtlasTile> cons
     glEnable(GL_DEPTH_TEST);
 }
 
-void AtlasSheet::drawTriangles(std::vector<AtlasTile> const& tiles) const {
+void AtlasSheet::drawTriangles(std::vector<Tile> const& tiles) const {
     glBegin(GL_LINES);
     for (std::size_t i = 0; i < tiles.size(); ++i) {
         for (GLPolygon const* polygon : *tiles[i].polygons) {
@@ -185,7 +180,7 @@ void AtlasSheet::drawTriangles(std::vector<AtlasTile> const& tiles) const {
     glEnd();
 }
 
-void AtlasSheet::drawFrames(std::vector<AtlasTile> const& tiles, double size) const {
+void AtlasSheet::drawFrames(std::vector<Tile> const& tiles, double size) const {
     glColor3fv(kFrame.data());
     setLineWidth(size * kLineShare);
     for (std::size_t i = 0; i < tiles.size(); ++i) {
@@ -231,7 +226,7 @@ void AtlasSheet::drawDisc(Vector3 const& position, double radius, double nearer)
     glEnd();
 }
 
-void AtlasSheet::drawNames(AtlasTile const& tile, Vector3 const& centre) const {
+void AtlasSheet::drawNames(Tile const& tile, Vector3 const& centre) const {
     constexpr double kSide = kTile / 2 - 0.6 * kLetter;
     constexpr double kNearer = 0.9 * kDepth;
     Vector3 const right = onScreen({0, 0, 0}, kLetter, 0, 0);
@@ -246,4 +241,4 @@ void AtlasSheet::drawNames(AtlasTile const& tile, Vector3 const& centre) const {
     drawStrokeText(tile.system, onScreen(centre, -kSide, -kSide, kNearer), right, up);
 }
 
-} // namespace tamo::tool
+} // namespace tamo::picture

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "SurfacePicture.h"
+#include "Camera.h"
+#include "DisplayList.h"
+
+#include "../geometry/Vector3.h"
 
 #include <tamo/objects/GLObjectList.h>
 
@@ -11,14 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace tamo::tool {
-
-/// Is what one tile of a sheet shows: a configuration and the polygons, not owned, that a system gives it.
-struct AtlasTile {
-    std::string system;
-    unsigned int configuration;
-    GLObject* polygons;
-};
+namespace tamo::picture {
 
 /// Compiles a sheet of tiles, row by row from the upper left, in the current context.
 ///
@@ -27,11 +23,18 @@ struct AtlasTile {
 /// the configuration's number, decimal and hexadecimal, below it the system.
 class AtlasSheet {
   public:
-    /// `columns` is at least 1; a picture of `size` is drawn with `samples` a side of a pixel.
-    AtlasSheet(std::vector<AtlasTile> const& tiles, std::size_t columns, View view, PictureSize size, int samples);
+    /// Is what one tile shows: a configuration and the polygons, not owned, that a system gives it.
+    struct Tile {
+        std::string system;
+        unsigned int configuration;
+        GLObject* polygons;
+    };
 
-    /// Returns the display list; it lives as long as the context.
-    [[nodiscard]] unsigned int displayList() const { return _list; }
+    /// `columns` is at least 1; a picture of `size` is drawn with `samples` a side of a pixel.
+    AtlasSheet(std::vector<Tile> const& tiles, std::size_t columns, View view, PictureSize size, int samples);
+
+    /// Returns the name of the display list, which lives as long as this.
+    [[nodiscard]] unsigned int displayList() const { return _list.name(); }
     [[nodiscard]] Camera const& camera() const { return _camera; }
 
   private:
@@ -39,21 +42,23 @@ class AtlasSheet {
     [[nodiscard]] Vector3 centreOf(std::size_t tile) const;
     [[nodiscard]] Vector3 onScreen(Vector3 const& origin, double right, double up, double nearer) const;
     void setLineWidth(double share) const;
-    [[nodiscard]] unsigned int compilePolygons(std::vector<AtlasTile> const& tiles) const;
-    void drawPolygons(unsigned int polygons, std::vector<AtlasTile> const& tiles) const;
-    void drawTriangles(std::vector<AtlasTile> const& tiles) const;
-    void drawFrames(std::vector<AtlasTile> const& tiles, double size) const;
+    void compilePolygons(std::vector<Tile> const& tiles) const;
+    void drawPolygons(std::vector<Tile> const& tiles) const;
+    void drawTriangles(std::vector<Tile> const& tiles) const;
+    void drawFrames(std::vector<Tile> const& tiles, double size) const;
     void drawFrame(Vector3 const& centre) const;
     void drawCorner(Vector3 const& position, double radius, bool isForeground) const;
     void drawDisc(Vector3 const& position, double radius, double nearer) const;
-    void drawNames(AtlasTile const& tile, Vector3 const& centre) const;
+    void drawNames(Tile const& tile, Vector3 const& centre) const;
 
     std::size_t _columns;
     std::array<Vector3, 3> _axes;
     /// Pixels, as they are drawn, that one unit of the cell takes.
     double _scale = 1;
     Camera _camera;
-    unsigned int _list = 0;
+    /// The polygons alone; the sheet's list calls it.
+    DisplayList _polygons;
+    DisplayList _list;
 };
 
-} // namespace tamo::tool
+} // namespace tamo::picture

@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-namespace tamo::tool {
+namespace tamo::picture {
 
 namespace {
 
@@ -60,4 +60,4 @@ void drawStrokeText(std::string const& text, Vector3 const& lowerLeft, Vector3 c
     }
 }
 
-} // namespace tamo::tool
+} // namespace tamo::picture

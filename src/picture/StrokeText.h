@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "volume/Volume.h"
+#include "../geometry/Vector3.h"
 
 #include <string>
 
-namespace tamo::tool {
+namespace tamo::picture {
 
 /// Returns the width of `text` in heights of a letter.
 double strokeTextWidth(std::string const& text);
@@ -16,4 +16,4 @@ double strokeTextWidth(std::string const& text);
 /// and x; any other character is a space.
 void drawStrokeText(std::string const& text, Vector3 const& lowerLeft, Vector3 const& right, Vector3 const& up);
 
-} // namespace tamo::tool
+} // namespace tamo::picture
