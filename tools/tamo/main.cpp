@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "commands/CommandLine.h"
-#include "commands/InfoCommand.h"
 #include "terminal/Interruption.h"
-#include "terminal/UserError.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,22 +17,12 @@ int fail(std::string message) {
     return EXIT_FAILURE;
 }
 
-void run(tamo::tool::Request const& request) {
-    if (auto const* const info = std::get_if<tamo::tool::InfoOptions>(&request)) {
-        tamo::tool::printVolumeInfo(info->source);
-    } else if (auto const* const render = std::get_if<tamo::tool::RenderOptions>(&request)) {
-        tamo::tool::renderVolume(*render);
-    } else if (auto const* const atlas = std::get_if<tamo::tool::AtlasOptions>(&request)) {
-        tamo::tool::drawAtlas(*atlas);
-    }
-}
-
 } // namespace
 
 int main(int argumentCount, char** arguments) {
     tamo::tool::installInterruption();
     try {
-        run(tamo::tool::parseCommandLine(argumentCount, arguments));
+        tamo::tool::runCommandLine(argumentCount, arguments);
     } catch (std::bad_alloc const&) {
         return fail("not enough memory for this volume; a larger --step makes a smaller surface");
     } catch (std::exception const& error) {

@@ -2,14 +2,25 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "InfoCommand.h"
 
+#include "../terminal/Progress.h"
 #include "../volume/ScalarType.h"
+#include "../volume/VolumeReader.h"
 #include "../volume/VoxelStatistics.h"
 
+#include <CLI/CLI.hpp>
+
 #include <iostream>
+#include <string>
 
 namespace tamo::tool {
 
-void printVolumeInfo(VolumeSource const& source) {
+InfoCommand::InfoCommand(CLI::App& program)
+    : Command(program, "info", "Print dimensions, type, spacing, value range and bytes"), _volume(app()) {
+    app().footer(std::string("\n") + kVolumeFormats + "\nExample:\n  tamo info brain.nii.gz");
+}
+
+void InfoCommand::run() const {
+    VolumeSource const source = _volume.read();
     Volume const volume = [&source] {
         Progress progress("reading");
         return readVolume(source, progress);

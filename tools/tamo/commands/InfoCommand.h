@@ -2,11 +2,19 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../volume/VolumeReader.h"
+#include "../options/VolumeOptions.h"
+#include "Command.h"
 
 namespace tamo::tool {
 
 /// Prints what a volume is: dimensions, type, spacing, value range, bytes.
-void printVolumeInfo(VolumeSource const& source);
+class InfoCommand : public Command {
+  public:
+    explicit InfoCommand(CLI::App& program);
+    void run() const override;
+
+  private:
+    VolumeOptions _volume;
+};
 
 } // namespace tamo::tool

@@ -53,9 +53,6 @@ std::vector<unsigned char> encode(picture::Picture const& picture) {
 
 PictureFile::PictureFile(fs::path path) : _path(std::move(path)) {
     std::error_code ignored;
-    if (_path.extension() != ".png") {
-        throw UserError("--output " + _path.string() + ": expected a file name that ends in .png");
-    }
     if (fs::exists(_path, ignored) && !fs::is_regular_file(_path, ignored)) {
         throw UserError("--output " + _path.string() + ": expected a file, found something else of that name");
     }

@@ -14,7 +14,7 @@ namespace tamo::tool {
 /// written shows before the work; the destructor and an interruption remove it.
 class PictureFile {
   public:
-    /// Throws `UserError` for a name that does not end in .png or a place where no file can be made.
+    /// Throws `UserError` for a place where no file can be made.
     explicit PictureFile(std::filesystem::path path);
     ~PictureFile();
     PictureFile(PictureFile const&) = delete;

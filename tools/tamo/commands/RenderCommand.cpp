@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "RenderCommand.h"
 
+#include "../terminal/Progress.h"
 #include "../terminal/QuietLibraries.h"
 #include "../terminal/StageTimer.h"
+#include "../terminal/UsageError.h"
 #include "../terminal/UserError.h"
 #include "../volume/ScalarType.h"
+#include "../volume/VolumeReader.h"
 #include "../volume/VoxelStatistics.h"
 #include "PictureFile.h"
 #include "Scan.h"
@@ -19,16 +22,41 @@
 
 #include <tamo/surface/TAMO.h>
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <iostream>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace tamo::tool {
 
 namespace {
+
+constexpr char const* kExamples =
+    "\nExamples:\n"
+    "  tamo render brain.nii.gz -o brain.png --min 90\n"
+    "  tamo render brain.nii.gz -o both.png --neighborhood N6,N26 --box 60,60,60,90,90,90\n"
+    "  tamo render labels.nii.gz -o region.png --min 37 --max 37 --view 90,0\n"
+    "  tamo render scan.raw -o scan.png --dims 512,512,300 --type uint16 --spacing 0.4,0.4,1\n";
+
+// Holds what the options ask for.
+struct RenderOptions {
+    VolumeSource source;
+    std::filesystem::path output;
+    RangeOptions::Limits limits;
+    // At least one; each has a panel of the picture.
+    std::vector<NamedSystem> systems;
+    int step = 1;
+    std::optional<Box> box;
+    picture::PictureSize size{};
+    picture::View view{};
+};
 
 std::string text(Size3 const& v, char const* separator) {
     return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
@@ -65,15 +93,15 @@ std::string rangeText(ValueRange range) {
 // Returns the values that are foreground, and prints them.
 ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
     ValueRange const found = computeValueRange(volume, options.source.path.string());
-    bool const isAutomatic = !options.min && !options.max;
+    bool const isAutomatic = !options.limits.min && !options.limits.max;
     if (isAutomatic && found.min == found.max) {
         throw UserError(options.source.path.string() +
                         ": expected two different values to choose --min between, found " + numberText(found.min) +
                         " alone");
     }
     // An upper bound alone asks for everything below it.
-    double const min = options.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : found.min);
-    ValueRange const range{min, options.max.value_or(std::numeric_limits<double>::infinity())};
+    double const min = options.limits.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : found.min);
+    ValueRange const range{min, options.limits.max.value_or(std::numeric_limits<double>::infinity())};
     std::cout << "values      " << rangeText(range) << " of " << numberText(found.min) << " .. "
               << numberText(found.max) << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
     return range;
@@ -191,19 +219,27 @@ class PanelPainter {
     picture::Picture _picture;
 };
 
-int choosePanelSamples(RenderOptions const& options) {
-    if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
-        throw UserError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
-                        ": expected a pixel of width or more for each --neighborhood");
-    }
-    return picture::chooseSamples(options.size);
-}
-
 } // namespace
 
-void renderVolume(RenderOptions const& options) {
+RenderCommand::RenderCommand(CLI::App& program)
+    : Command(program, "render", "Draw the surface of the foreground into a PNG picture"), _volume(app()),
+      _output(app()), _range(app()), _adjacency(app(), "are drawn side by side"), _scan(app()),
+      _picture(app(), {"1200x900", "-35,15",
+                       "Degrees. Azimuth 0 looks from the end of the y axis (the front), 90 from that of x (the right "
+                       "side); elevation 90 looks from above"}) {
+    app().add_flag("--verbose", _isVerbose, "Print wall time and peak memory of each stage");
+    app().footer(std::string("\n") + kVolumeFormats + kExamples);
+}
+
+void RenderCommand::run() const {
+    RenderOptions const options{_volume.read(),   _output.read(),  _range.read(),       _adjacency.read(),
+                                _scan.readStep(), _scan.readBox(), _picture.readSize(), _picture.readView()};
+    if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
+        throw UsageError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
+                         ": expected a pixel of width or more for each --neighborhood");
+    }
+    int const samples = picture::chooseSamples(options.size);
     StageTimer timer;
-    int const samples = choosePanelSamples(options);
     PictureFile file(options.output);
 
     // The lists come first: a system that cannot be built should not wait for the volume.
@@ -234,7 +270,7 @@ void renderVolume(RenderOptions const& options) {
     timer.run("write", [&] { file.write(painter.picture()); });
     std::cout << "picture     " << options.output.string() << ", " << options.size.width << " x " << options.size.height
               << "\n";
-    if (options.isVerbose) {
+    if (_isVerbose) {
         timer.print(std::cout);
     }
 }

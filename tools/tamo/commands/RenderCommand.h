@@ -2,34 +2,30 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../options/AdjacencyNames.h"
-#include "../volume/BinaryVolume.h"
-#include "../volume/VolumeReader.h"
-
-#include "picture/PictureSize.h"
-#include "picture/View.h"
-
-#include <filesystem>
-#include <optional>
-#include <vector>
+#include "../options/AdjacencyOption.h"
+#include "../options/OutputOption.h"
+#include "../options/PictureOptions.h"
+#include "../options/RangeOptions.h"
+#include "../options/ScanOptions.h"
+#include "../options/VolumeOptions.h"
+#include "Command.h"
 
 namespace tamo::tool {
 
-struct RenderOptions {
-    VolumeSource source;
-    std::filesystem::path output;
-    std::optional<double> min;
-    std::optional<double> max;
-    /// At least one; each has a panel of the picture.
-    std::vector<NamedSystem> systems;
-    int step = 1;
-    std::optional<Box> box;
-    picture::PictureSize size{};
-    picture::View view{};
-    bool isVerbose = false;
-};
+/// Draws the surface of a volume's foreground into a PNG file, once per adjacency system, and prints its figures.
+class RenderCommand : public Command {
+  public:
+    explicit RenderCommand(CLI::App& program);
+    void run() const override;
 
-/// Draws the surface of a volume's foreground into a PNG file, once a system, and prints its figures.
-void renderVolume(RenderOptions const& options);
+  private:
+    VolumeOptions _volume;
+    OutputOption _output;
+    RangeOptions _range;
+    AdjacencyOption _adjacency;
+    ScanOptions _scan;
+    PictureOptions _picture;
+    bool _isVerbose = false;
+};
 
 } // namespace tamo::tool

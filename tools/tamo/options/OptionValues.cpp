@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "OptionValues.h"
 
-#include "../terminal/UserError.h"
+#include "../terminal/UsageError.h"
 
 #include <algorithm>
 #include <charconv>
@@ -13,7 +13,7 @@ namespace tamo::tool {
 namespace {
 
 [[noreturn]] void fail(std::string const& option, std::string const& text, std::string const& expected) {
-    throw UserError(option + " " + text + ": expected " + expected);
+    throw UsageError(option + " " + text + ": expected " + expected);
 }
 
 // Reads all of `text` as one number of type T; false where it is something else.

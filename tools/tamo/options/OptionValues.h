@@ -7,7 +7,7 @@
 
 namespace tamo::tool {
 
-// Readers of option values. All of them take the whole text and throw `UserError` naming `option` and what was
+// Readers of option values. All of them take the whole text and throw `UsageError` naming `option` and what was
 // expected.
 
 double parseNumber(std::string const& option, std::string const& text);

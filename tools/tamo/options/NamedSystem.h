@@ -5,19 +5,19 @@
 #include <tamo/neighborhood/Neighborhood.h>
 #include <tamo/objects/GLObjectList.h>
 
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace tamo::tool {
 
-/// Is an adjacency system and the name that the command line calls it by.
+/// Is an adjacency system and the name that pictures and figures show.
 struct NamedSystem {
     std::string name;
     Neighborhood::NHConfig config;
 };
 
-/// Reads names with commas between them, at least one. Throws `UserError` for a name that is none.
-std::vector<NamedSystem> parseSystems(std::string const& text);
+/// Returns the system of a name, or nothing where there is none.
+std::optional<NamedSystem> findSystem(std::string const& name);
 
 /// Fills `objects` with the polygons of the system. Throws `UserError` where the library refuses it.
 void makeObjects(NamedSystem const& system, GLObjectList& objects);
