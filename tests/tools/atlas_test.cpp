@@ -73,7 +73,7 @@ TEST_F(Atlas, ShowsPolygonsInEveryTileButTheFirstAndTheLast) {
     constexpr int kTile = 60;
     for (std::string const system : {"N6", "N8", "N12", "N14I", "N14II", "N26"}) {
         SCOPED_TRACE(system);
-        PngPicture const sheet = draw({"--neighborhood", system, "--size", "960x960"});
+        PngPicture const sheet = draw({"--adjacency", system, "--size", "960x960"});
         for (int i = 0; i < 256; ++i) {
             Inks const inks = inksOf(sheet, i % 16 * kTile, i / 16 * kTile, kTile);
             EXPECT_EQ(inks.warm + inks.cold > 0, i != 0 && i != 255) << i;
@@ -84,7 +84,7 @@ TEST_F(Atlas, ShowsPolygonsInEveryTileButTheFirstAndTheLast) {
 TEST_F(Atlas, FillsTheCornersOfTheForegroundAlone) {
     // One corner more is one disc more, and one ring less.
     constexpr int kTile = 300;
-    PngPicture const sheet = draw({"--neighborhood", "N6", "--configurations", "0,1,255", "--size", "900x300"});
+    PngPicture const sheet = draw({"--adjacency", "N6", "--configurations", "0,1,255", "--size", "900x300"});
     Inks const none = inksOf(sheet, 0, 0, kTile);
     Inks const one = inksOf(sheet, kTile, 0, kTile);
     Inks const all = inksOf(sheet, 2 * kTile, 0, kTile);
@@ -99,7 +99,7 @@ TEST_F(Atlas, ShowsTheOtherSideOfTheComplement) {
     constexpr int kTile = 200;
     for (std::string const system : {"N6", "N14I", "N14II", "N26"}) {
         PngPicture const sheet =
-            draw({"--neighborhood", system, "--configurations", "4,251", "--view", "156,5", "--size", "400x200"});
+            draw({"--adjacency", system, "--configurations", "4,251", "--view", "156,5", "--size", "400x200"});
         Inks const corner = inksOf(sheet, 0, 0, kTile);
         Inks const rest = inksOf(sheet, kTile, 0, kTile);
         EXPECT_GT(corner.warm, 100) << system;
@@ -111,7 +111,7 @@ TEST_F(Atlas, ShowsTheOtherSideOfTheComplement) {
 
 TEST_F(Atlas, GivesEachOfSeveralSystemsAColumn) {
     constexpr int kTile = 200;
-    PngPicture const sheet = draw({"--neighborhood", "N6,N26,N6", "--configurations", "9,15", "--size", "600x400"});
+    PngPicture const sheet = draw({"--adjacency", "N6,N26,N6", "--configurations", "9,15", "--size", "600x400"});
     // Corners 0 and 3 lie on a face diagonal, which N26 links and N6 does not; 0 to 3 are one face.
     Inks const apart = inksOf(sheet, 0, 0, kTile);
     EXPECT_GT(inksOf(sheet, kTile, 0, kTile).warm, 2 * apart.warm);
@@ -121,9 +121,9 @@ TEST_F(Atlas, GivesEachOfSeveralSystemsAColumn) {
 }
 
 TEST_F(Atlas, RefusesWhatNamesNoSheet) {
-    expectRefused({"--neighborhood", "N7"}, "--neighborhood");
-    expectRefused({"--neighborhood", "N6,"}, "--neighborhood");
-    expectRefused({"--neighborhood", "N6,N26"}, "--configurations");
+    expectRefused({"--adjacency", "N7"}, "--adjacency");
+    expectRefused({"--adjacency", "N6,"}, "--adjacency");
+    expectRefused({"--adjacency", "N6,N26"}, "--configurations");
     for (char const* const list : {"256", "-1", "1,,2", "1,2,", "x", "0x10", " 1"}) {
         expectRefused({"--configurations", list}, "--configurations");
     }

@@ -46,7 +46,7 @@ TEST_F(BadInput, ValuesThatAreNotWhatAnOptionTakes) {
 
 TEST_F(BadInput, OptionsWithoutAValueOrGivenTwice) {
     for (char const* const option : {"--min", "--max", "--step", "--box", "--size", "--view", "--spacing", "--dims",
-                                     "--type", "--header", "--neighborhood"}) {
+                                     "--type", "--header", "--adjacency"}) {
         expectRefused({option, ""}, std::string(option) + ": expected");
         expectRefused({option}, std::string(option) + ": expected");
         expectRefused({option, "1", option, "1"}, std::string(option) + ": expected");
@@ -75,8 +75,8 @@ TEST_F(BadInput, RangesWithoutVoxels) {
 }
 
 TEST_F(BadInput, UnknownSystems) {
-    for (char const* const name : {"N7", "n14ii", "N14", "17"}) {
-        expectRefused({"--neighborhood", name}, "--neighborhood");
+    for (char const* const name : {"N7", "N14", "17", "8", "NN6", "n 6", "N6,7", "N6;N26"}) {
+        expectRefused({"--adjacency", name}, "--adjacency");
     }
 }
 

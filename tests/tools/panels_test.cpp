@@ -22,7 +22,7 @@ class Panels : public testing::Test {
 
     [[nodiscard]] ToolRun run(std::string const& systems, std::string const& size) const {
         return runTool({"render", (_folder / "a.raw").string(), "--dims", "3,2,3", "--type", "uint8", "--min", "1",
-                        "-o", (_folder / (systems + ".png")).string(), "--neighborhood", systems, "--size", size});
+                        "-o", (_folder / (systems + ".png")).string(), "--adjacency", systems, "--size", size});
     }
 
     [[nodiscard]] PngPicture draw(std::string const& systems, std::string const& size) const {
@@ -77,7 +77,7 @@ TEST_F(Panels, PrintTheFiguresOfEverySystem) {
 TEST_F(Panels, RefuseWhatTheyCannotShow) {
     for (char const* const systems : {"N6,", ",N6", "N6,,N26", "N6 ,N26", "N6;N26", "N6,N7"}) {
         ToolRun const refused = run(systems, "200x100");
-        EXPECT_TRUE(isOneLineRefusal(refused, "--neighborhood")) << systems << refused.error;
+        EXPECT_TRUE(isOneLineRefusal(refused, "--adjacency")) << systems << refused.error;
     }
     EXPECT_TRUE(isOneLineRefusal(run("N6,N26,N14I", "2x100"), "--size"));
     EXPECT_EQ(std::distance(fs::directory_iterator(_folder.path()), {}), 1);

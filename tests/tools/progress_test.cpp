@@ -18,8 +18,8 @@ class Progress : public testing::Test {
         std::string const dims = std::to_string(side) + "," + std::to_string(side) + "," + std::to_string(side);
         fs::create_directory(_folder / "out");
         writeBytes(_folder / "a.raw", rawBytes(makeSamples(side, side, side), /*isBigEndian=*/false));
-        _arguments = {"render", (_folder / "a.raw").string(),         "--dims",         dims,     "--type", "int16",
-                      "-o",     (_folder / "out" / "a.png").string(), "--neighborhood", "N6,N26", "--size", "300x150"};
+        _arguments = {"render", (_folder / "a.raw").string(),         "--dims",      dims,     "--type", "int16",
+                      "-o",     (_folder / "out" / "a.png").string(), "--adjacency", "N6,N26", "--size", "300x150"};
     }
 
     TemporaryFolder _folder;

@@ -26,8 +26,8 @@ constexpr std::size_t kConfigurations = 256;
 constexpr std::size_t kMostColumns = 16;
 
 constexpr char const* kExamples = "\nExamples:\n"
-                                  "  tamo atlas --neighborhood N26 -o n26.png\n"
-                                  "  tamo atlas --neighborhood N6,N14I --configurations 3,129 -o pair.png\n";
+                                  "  tamo atlas --adjacency N26 -o n26.png\n"
+                                  "  tamo atlas --adjacency N6,N14I --configurations 3,129 -o pair.png\n";
 
 // Puts the configurations, all of them where none is named, below each other, a tile for each system.
 std::vector<picture::AtlasSheet::Tile> arrangeTiles(std::vector<int> configurations,

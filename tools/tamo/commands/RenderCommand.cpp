@@ -41,7 +41,7 @@ namespace {
 constexpr char const* kExamples =
     "\nExamples:\n"
     "  tamo render brain.nii.gz -o brain.png --min 90\n"
-    "  tamo render brain.nii.gz -o both.png --neighborhood N6,N26 --box 60,60,60,90,90,90\n"
+    "  tamo render brain.nii.gz -o both.png --adjacency N6,N26 --box 60,60,60,90,90,90\n"
     "  tamo render labels.nii.gz -o region.png --min 37 --max 37 --view 90,0\n"
     "  tamo render scan.raw -o scan.png --dims 512,512,300 --type uint16 --spacing 0.4,0.4,1\n";
 
@@ -236,7 +236,7 @@ void RenderCommand::run() const {
                                 _scan.readStep(), _scan.readBox(), _picture.readSize(), _picture.readView()};
     if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
         throw UsageError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
-                         ": expected a pixel of width or more for each --neighborhood");
+                         ": expected a pixel of width or more for each --adjacency");
     }
     int const samples = picture::chooseSamples(options.size);
     StageTimer timer;

@@ -16,7 +16,7 @@ struct NamedSystem {
     Neighborhood::NHConfig config;
 };
 
-/// Returns the system of a name, or nothing where there is none.
+/// Returns the system of a name in either case, or of the aliases 6 and 26; nothing where there is none.
 std::optional<NamedSystem> findSystem(std::string const& name);
 
 /// Fills `objects` with the polygons of the system. Throws `UserError` where the library refuses it.
