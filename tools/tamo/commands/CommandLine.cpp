@@ -40,6 +40,12 @@ std::string messageOf(CLI::ParseError const& error) {
                : text;
 }
 
+// Returns how to ask for help on what was wrong: an option of a command is explained by that command.
+std::string helpOf(CLI::App const& app) {
+    bool const isOfCommand = !app.get_subcommands().empty() && app.remaining_size() == 0;
+    return "see tamo " + (isOfCommand ? app.get_subcommands().front()->get_name() + " " : "") + "--help";
+}
+
 // Parses the command line; returns whether there is a command to run, and prints what else is asked for.
 bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
     try {
@@ -49,9 +55,9 @@ bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
         return false;
     } catch (CLI::ParseError const& error) {
         if (app.get_subcommands().empty()) {
-            throw UsageError("expected a command, info, render or atlas; see tamo --help");
+            throw UsageError("expected a command, info, render or atlas; " + helpOf(app));
         }
-        throw UsageError(messageOf(error) + "; see tamo --help");
+        throw UsageError(messageOf(error) + "; " + helpOf(app));
     }
     return true;
 }

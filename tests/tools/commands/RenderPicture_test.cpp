@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "PngPicture.h"
-#include "ToolRun.h"
-#include "VolumeFiles.h"
+#include "tools/support/PngPicture.h"
+#include "tools/support/ToolRun.h"
+#include "tools/support/VolumeFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -171,7 +171,7 @@ TEST(Picture, TakesThePlaceOfAnOlderOneAndLeavesNothingElse) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
 }
 
-TEST(Render, PrintsTimeAndMemoryOfEachStageWhenVerbose) {
+TEST(RenderStages, PrintTheirTimeAndMemoryWhenVerbose) {
     TemporaryFolder const folder;
     fileFormats().front().write(makeSamples(8, 7, 6), folder / "a.nii");
     ToolRun const run = runTool(

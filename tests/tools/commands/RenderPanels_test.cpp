@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "PngPicture.h"
-#include "ToolRun.h"
-#include "VolumeFiles.h"
+#include "tools/support/PngPicture.h"
+#include "tools/support/ToolRun.h"
+#include "tools/support/VolumeFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -77,9 +77,9 @@ TEST_F(Panels, PrintTheFiguresOfEverySystem) {
 TEST_F(Panels, RefuseWhatTheyCannotShow) {
     for (char const* const systems : {"N6,", ",N6", "N6,,N26", "N6 ,N26", "N6;N26", "N6,N7"}) {
         ToolRun const refused = run(systems, "200x100");
-        EXPECT_TRUE(isOneLineRefusal(refused, "--adjacency")) << systems << refused.error;
+        EXPECT_TRUE(isUsageRefusal(refused, "--adjacency")) << systems << refused.error;
     }
-    EXPECT_TRUE(isOneLineRefusal(run("N6,N26,N14I", "2x100"), "--size"));
+    EXPECT_TRUE(isUsageRefusal(run("N6,N26,N14I", "2x100"), "--size"));
     EXPECT_EQ(std::distance(fs::directory_iterator(_folder.path()), {}), 1);
 }
 

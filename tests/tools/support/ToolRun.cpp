@@ -59,21 +59,27 @@ ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb,
             content(folder / "error")};
 }
 
+// Returns whether standard error holds one line of the program that holds `name`.
+bool isOneLine(ToolRun const& run, std::string const& name) {
+    return std::count(run.error.begin(), run.error.end(), '\n') == 1 && run.error.back() == '\n' &&
+           run.error.compare(0, 6, "tamo: ") == 0 && run.error.find(name) != std::string::npos;
+}
+
 } // namespace
 
 ToolRun runTool(std::vector<std::string> const& arguments) {
     return runProgram(arguments, [](pid_t) {});
 }
 
-ToolRun interruptTool(std::vector<std::string> const& arguments, std::function<bool()> const& isTime) {
-    return runProgram(arguments, [&isTime](pid_t child) {
+ToolRun interruptTool(std::vector<std::string> const& arguments, int signal, std::function<bool()> const& isTime) {
+    return runProgram(arguments, [signal, &isTime](pid_t child) {
         auto const end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
         while (!isTime() && std::chrono::steady_clock::now() < end) {
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
         // What was seen may be half done.
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        kill(child, SIGINT);
+        kill(child, signal);
     });
 }
 
@@ -105,10 +111,9 @@ ToolRun runToolOnTerminal(std::vector<std::string> const& arguments, std::string
     return run;
 }
 
-bool isOneLineRefusal(ToolRun const& run, std::string const& name) {
-    return run.status == 1 && std::count(run.error.begin(), run.error.end(), '\n') == 1 && run.error.back() == '\n' &&
-           run.error.compare(0, 6, "tamo: ") == 0 && run.error.find(name) != std::string::npos;
-}
+bool isInputRefusal(ToolRun const& run, std::string const& name) { return run.status == 1 && isOneLine(run, name); }
+
+bool isUsageRefusal(ToolRun const& run, std::string const& name) { return run.status == 2 && isOneLine(run, name); }
 
 TemporaryFolder::TemporaryFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "tamo-test-XXXXXX").string();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "ToolRun.h"
-#include "VolumeFiles.h"
+#include "tools/support/ToolRun.h"
+#include "tools/support/VolumeFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -48,12 +48,12 @@ TEST(ScanWithoutMemory, IsOneLineThatNamesTheStep) {
     TemporaryFolder const folder;
     PreloadedLibrary const library(TAMO_REFUSED_SCAN);
     ToolRun const run = render(folder, {"--step", "2"});
-    EXPECT_TRUE(isOneLineRefusal(run, "--step 2: expected")) << run.status << " " << run.error;
+    EXPECT_TRUE(isInputRefusal(run, "--step 2: expected")) << run.status << " " << run.error;
     EXPECT_TRUE(fs::is_empty(folder / "out"));
 }
 #endif
 
-TEST(Interruption, RemovesAPictureThatHasOnlyJustBeenMade) {
+TEST(EarlyInterruption, RemovesAPictureThatHasOnlyJustBeenMade) {
     TemporaryFolder const folder;
     PreloadedLibrary const library(TAMO_INTERRUPTED_MKSTEMP);
     ToolRun const run = render(folder, {});

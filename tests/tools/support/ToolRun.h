@@ -18,15 +18,19 @@ struct ToolRun {
 /// Runs `tamo` with the given arguments, its standard output and standard error going to files, and waits for it.
 ToolRun runTool(std::vector<std::string> const& arguments);
 
-/// Runs it likewise, but sends the signal of Ctrl-C as soon as `isTime` holds, or after 30 seconds.
-ToolRun interruptTool(std::vector<std::string> const& arguments, std::function<bool()> const& isTime);
+/// Runs it likewise, but sends `signal` as soon as `isTime` holds, or after 30 seconds.
+ToolRun interruptTool(std::vector<std::string> const& arguments, int signal, std::function<bool()> const& isTime);
 
 /// Runs it likewise, its standard error being a terminal; what that showed is the error. Sends the signal of Ctrl-C
 /// once the terminal shows `interruptAt`, unless that is empty.
 ToolRun runToolOnTerminal(std::vector<std::string> const& arguments, std::string const& interruptAt = "");
 
-/// Tells whether a run ended as bad input should: status 1 and one line on standard error that holds `name`.
-bool isOneLineRefusal(ToolRun const& run, std::string const& name);
+/// Returns whether a run ended as input should that is found bad: status 1 and one line on standard error that holds
+/// `name`.
+bool isInputRefusal(ToolRun const& run, std::string const& name);
+
+/// Returns whether a run ended likewise, but with status 2: the command line alone was wrong.
+bool isUsageRefusal(ToolRun const& run, std::string const& name);
 
 /// Makes an empty folder for the running test and removes it at the end.
 class TemporaryFolder {

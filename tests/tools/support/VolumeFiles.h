@@ -35,7 +35,7 @@ struct FileFormat {
     /// The file or folder to hand to the program.
     std::string fileName;
     std::function<void(Samples const&, std::filesystem::path const&)> write;
-    /// Whether the format tells the distances between voxels.
+    /// Whether the format holds the distances between voxels.
     bool hasSpacing;
 };
 
@@ -51,6 +51,18 @@ std::string readBytes(std::filesystem::path const& path);
 
 /// Returns the samples as they stand in a file of bare voxels.
 std::string rawBytes(Samples const& samples, bool isBigEndian);
+
+/// Writes a NIfTI file; compressed where its name ends in .gz.
+void writeNifti(Samples const& samples, std::filesystem::path const& path);
+void writeBigEndianNifti(Samples const& samples, std::filesystem::path const& path);
+
+/// Writes slices `first` to `last` as pages of a TIFF file opened with libtiff's `mode`, the first row of a slice at
+/// the top.
+void writeTiffPages(Samples const& samples, std::filesystem::path const& path, char const* mode, int compression,
+                    int first, int last);
+
+/// Writes a big TIFF file whose pages consist of tiles.
+void writeTiledTiff(Samples const& samples, std::filesystem::path const& path);
 
 /// Writes each slice as a DICOM file into the folder `path`; file names in an order that is not that of the slices.
 void writeDicomFolder(Samples const& samples, std::filesystem::path const& path);

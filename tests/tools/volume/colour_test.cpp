@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "ToolRun.h"
-#include "VolumeFiles.h"
+#include "tools/support/ToolRun.h"
+#include "tools/support/VolumeFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,7 @@ TEST_P(ColouredVolume, IsRefusedInOneLineThatSaysWhy) {
          {std::vector<std::string>{"info", path.string()},
           {"render", path.string(), "-o", (folder / "out" / "a.png").string()}}) {
         ToolRun const run = runTool(arguments);
-        EXPECT_TRUE(isOneLineRefusal(run, path.string())) << run.status << " " << run.error;
+        EXPECT_TRUE(isInputRefusal(run, path.string())) << run.status << " " << run.error;
         EXPECT_NE(run.error.find("expected a volume of one scalar a voxel"), std::string::npos) << run.error;
         EXPECT_NE(run.error.find("colour image"), std::string::npos) << run.error;
         EXPECT_EQ(run.output, "");

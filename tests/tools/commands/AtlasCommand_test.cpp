@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "PngPicture.h"
-#include "ToolRun.h"
+#include "tools/support/PngPicture.h"
+#include "tools/support/ToolRun.h"
 
 #include <gtest/gtest.h>
 
@@ -53,7 +53,7 @@ class Atlas : public testing::Test {
 
     void expectRefused(std::vector<std::string> const& options, std::string const& named) const {
         ToolRun const refused = run(options);
-        EXPECT_TRUE(isOneLineRefusal(refused, named)) << testing::PrintToString(options) << refused.error;
+        EXPECT_TRUE(isUsageRefusal(refused, named)) << testing::PrintToString(options) << refused.error;
         EXPECT_TRUE(fs::is_empty(_folder.path()));
     }
 
@@ -132,9 +132,9 @@ TEST_F(Atlas, RefusesWhatNamesNoSheet) {
     expectRefused({"--view", "0,91"}, "--view");
     expectRefused({"--min", "1"}, "--min");
     expectRefused({"volume.nii"}, "volume.nii");
-    EXPECT_TRUE(isOneLineRefusal(runTool({"atlas"}), "--output"));
-    EXPECT_TRUE(isOneLineRefusal(runTool({"atlas", "-o", (_folder / "a.jpg").string()}), "a.jpg"));
-    EXPECT_TRUE(isOneLineRefusal(runTool({"atlas", "-o", (_folder / "none" / "a.png").string()}), "--output"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"atlas"}), "--output"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"atlas", "-o", (_folder / "a.jpg").string()}), "a.jpg"));
+    EXPECT_TRUE(isInputRefusal(runTool({"atlas", "-o", (_folder / "none" / "a.png").string()}), "--output"));
 }
 
 TEST_F(Atlas, HelpIsPrintedOnStandardOutput) {

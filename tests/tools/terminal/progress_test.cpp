@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "ToolRun.h"
-#include "VolumeFiles.h"
+#include "tools/support/ToolRun.h"
+#include "tools/support/VolumeFiles.h"
 
 #include <gtest/gtest.h>
 

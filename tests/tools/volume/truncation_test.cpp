@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "ToolRun.h"
-#include "VolumeFiles.h"
+#include "tools/support/ToolRun.h"
+#include "tools/support/VolumeFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ TEST_P(Truncation, IsRefusedInOneLineWhereverTheFileEnds) {
         SCOPED_TRACE(testing::Message() << bytes << " of " << whole.size() << " bytes");
         writeBytes(file, whole.substr(0, bytes));
         ToolRun const run = runTool({"info", (folder / GetParam().fileName).string()});
-        EXPECT_TRUE(isOneLineRefusal(run, folder.path().string())) << run.status << " " << run.error;
+        EXPECT_TRUE(isInputRefusal(run, folder.path().string())) << run.status << " " << run.error;
         EXPECT_EQ(run.output, "");
     }
 }
@@ -55,7 +55,7 @@ TEST_P(Truncation, LeavesNoPicture) {
     writeBytes(file, readBytes(file).substr(0, fs::file_size(file) / 2));
     ToolRun const run =
         runTool({"render", (folder / GetParam().fileName).string(), "-o", (folder / "pictures" / "a.png").string()});
-    EXPECT_TRUE(isOneLineRefusal(run, folder.path().string())) << run.status << " " << run.error;
+    EXPECT_TRUE(isInputRefusal(run, folder.path().string())) << run.status << " " << run.error;
     EXPECT_TRUE(fs::is_empty(folder / "pictures"));
 }
 

@@ -3,7 +3,6 @@
 #include "VolumeFiles.h"
 
 #include <vtkMetaImageWriter.h>
-#include <vtkNIFTIImageWriter.h>
 #include <vtkNew.h>
 #include <vtkPNGWriter.h>
 #include <vtkXMLImageDataWriter.h>
@@ -12,7 +11,6 @@
 #include <zlib.h>
 
 #include <algorithm>
-#include <cstring>
 #include <fstream>
 #include <sstream>
 
@@ -57,38 +55,6 @@ std::string metaHeader(Samples const& samples, std::string const& fields) {
            "\nElementSpacing = 1 2 3\nElementType = MET_SHORT\n" + fields + "\nElementDataFile = ";
 }
 
-void writeNifti(Samples const& samples, fs::path const& path) {
-    vtkNew<vtkNIFTIImageWriter> writer;
-    writer->SetInputData(makeImage(samples));
-    writer->SetFileName(path.c_str());
-    writer->Write();
-}
-
-// Turns the header of a little-endian file and its voxels into their big-endian form.
-void writeBigEndianNifti(Samples const& samples, fs::path const& path) {
-    writeNifti(samples, path);
-    std::string bytes = readBytes(path);
-    auto const reverse = [&bytes](std::size_t at, std::size_t width, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) {
-            std::reverse(bytes.data() + at + i * width, bytes.data() + at + (i + 1) * width);
-        }
-    };
-    reverse(0, 4, 1);
-    reverse(32, 4, 1);
-    reverse(36, 2, 1);
-    reverse(40, 2, 8);
-    reverse(56, 4, 3);
-    reverse(68, 2, 4);
-    reverse(76, 4, 11);
-    reverse(120, 2, 1);
-    reverse(124, 4, 4);
-    reverse(140, 4, 2);
-    reverse(252, 2, 2);
-    reverse(256, 4, 18);
-    constexpr std::size_t kHeader = 352;
-    writeBytes(path, bytes.substr(0, kHeader) + rawBytes(samples, /*isBigEndian=*/true));
-}
-
 void writeMeta(Samples const& samples, fs::path const& path) {
     vtkNew<vtkMetaImageWriter> writer;
     writer->SetInputData(makeImage(samples));
@@ -113,60 +79,6 @@ template <typename Configure> void writeVti(Samples const& samples, fs::path con
     writer->SetFileName(path.c_str());
     configure(*writer);
     writer->Write();
-}
-
-// Writes slices first .. last as pages, the first row of a slice at the top.
-void writeTiffPages(Samples const& samples, fs::path const& path, char const* mode, int compression, int first,
-                    int last) {
-    TIFF* const file = TIFFOpen(path.c_str(), mode);
-    for (int z = first; z <= last; ++z) {
-        TIFFSetField(file, TIFFTAG_IMAGEWIDTH, samples.size[0]);
-        TIFFSetField(file, TIFFTAG_IMAGELENGTH, samples.size[1]);
-        TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 16);
-        TIFFSetField(file, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_INT);
-        TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, 1);
-        TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
-        TIFFSetField(file, TIFFTAG_COMPRESSION, compression);
-        TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, 3);
-        std::vector<std::int16_t> row(static_cast<std::size_t>(samples.size[0]));
-        for (int y = 0; y < samples.size[1]; ++y) {
-            for (int x = 0; x < samples.size[0]; ++x) {
-                row[static_cast<std::size_t>(x)] = samples.at(x, y, z);
-            }
-            TIFFWriteScanline(file, row.data(), static_cast<std::uint32_t>(y), 0);
-        }
-        TIFFWriteDirectory(file);
-    }
-    TIFFClose(file);
-}
-
-void writeTiledTiff(Samples const& samples, fs::path const& path) {
-    TIFF* const file = TIFFOpen(path.c_str(), "w8");
-    constexpr int kTile = 16;
-    for (int z = 0; z < samples.size[2]; ++z) {
-        TIFFSetField(file, TIFFTAG_IMAGEWIDTH, samples.size[0]);
-        TIFFSetField(file, TIFFTAG_IMAGELENGTH, samples.size[1]);
-        TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 16);
-        TIFFSetField(file, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_INT);
-        TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
-        TIFFSetField(file, TIFFTAG_TILEWIDTH, kTile);
-        TIFFSetField(file, TIFFTAG_TILELENGTH, kTile);
-        for (int top = 0; top < samples.size[1]; top += kTile) {
-            for (int left = 0; left < samples.size[0]; left += kTile) {
-                std::array<std::int16_t, kTile * kTile> tile{};
-                for (int i = 0; i < kTile * kTile; ++i) {
-                    int const x = left + i % kTile;
-                    int const y = top + i / kTile;
-                    bool const isInside = x < samples.size[0] && y < samples.size[1];
-                    tile[static_cast<std::size_t>(i)] = isInside ? samples.at(x, y, z) : std::int16_t{-1};
-                }
-                TIFFWriteTile(file, tile.data(), static_cast<std::uint32_t>(left), static_cast<std::uint32_t>(top), 0,
-                              0);
-            }
-        }
-        TIFFWriteDirectory(file);
-    }
-    TIFFClose(file);
 }
 
 std::string sliceName(fs::path const& folder, int z, char const* extension) {
