@@ -30,7 +30,7 @@ class AtlasSheet {
         GLObject* polygons;
     };
 
-    /// `columns` is at least 1; a picture of `size` is drawn with `samples` a side of a pixel.
+    /// `columns` is at least 1; a picture of `size` is drawn with `samples` along each side of a pixel.
     AtlasSheet(std::vector<Tile> const& tiles, std::size_t columns, View view, PictureSize size, int samples);
 
     /// Returns the name of the display list, which lives as long as this.

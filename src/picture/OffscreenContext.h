@@ -7,7 +7,7 @@
 namespace tamo::picture {
 
 /// Owns an OpenGL context without a window system, current on the thread that made it, and its picture of at least 8
-/// bits a colour and 24 of depth; whether it keeps alpha is not settled. One at a time may live.
+/// bits per colour and 24 of depth; it need not keep alpha. Only one may exist at a time.
 class OffscreenContext {
   public:
     /// Throws `PictureError` where the machine's EGL cannot provide it.

@@ -19,8 +19,8 @@ struct Panel {
 /// Returns the i-th of `count` panels side by side. The picture has to be `count` pixels wide or more.
 Panel panelOf(PictureSize picture, std::size_t i, std::size_t count);
 
-/// Compiles a display list that draws a label at the upper left of a picture, over what is there, with `samples` a side
-/// of a pixel. It leaves OpenGL set to draw such labels.
+/// Compiles a display list that draws a label at the upper left of a picture, over what is there, with `samples` along
+/// each side of a pixel. It leaves OpenGL set to draw such labels.
 DisplayList compileLabel(std::string const& label, PictureSize size, int samples);
 
 } // namespace tamo::picture

@@ -13,7 +13,7 @@
 
 namespace tamo::picture {
 
-/// Compiles a scanned surface into display lists of the current context. Drawn one behind the other they are the
+/// Compiles a scanned surface into display lists of the current context. Drawn one after another they are the
 /// surface, and each takes a moment only.
 class SurfaceLists : public IPolygonAggregator {
   public:

@@ -55,7 +55,7 @@ void requireNoError() {
     }
 }
 
-// Averages each square of `samples` x `samples` pixels of red, green, blue and a byte that is not used.
+// Averages each square of `samples` x `samples` pixels of red, green, blue and an unused byte.
 Picture reduce(std::vector<unsigned char> const& drawn, PictureSize size, int samples) {
     Picture picture(size);
     auto pixel = picture.pixels.begin();

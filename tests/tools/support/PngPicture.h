@@ -34,7 +34,7 @@ class PngPicture {
         Pixel const p = at(x, y);
         return p.red == p.green && p.green == p.blue;
     }
-    /// Tells whether a pixel is exactly the same in both pictures.
+    /// Returns whether a pixel is exactly the same in both pictures.
     [[nodiscard]] bool isSame(int x, int y, PngPicture const& other, int otherX, int otherY) const {
         Pixel const a = at(x, y);
         Pixel const b = other.at(otherX, otherY);

@@ -96,7 +96,7 @@ TEST_P(ColouredVolume, IsRefusedInOneLineThatSaysWhy) {
           {"render", path.string(), "-o", (folder / "out" / "a.png").string()}}) {
         ToolRun const run = runTool(arguments);
         EXPECT_TRUE(isInputRefusal(run, path.string())) << run.status << " " << run.error;
-        EXPECT_NE(run.error.find("expected a volume of one scalar a voxel"), std::string::npos) << run.error;
+        EXPECT_NE(run.error.find("expected a volume of one scalar per voxel"), std::string::npos) << run.error;
         EXPECT_NE(run.error.find("colour image"), std::string::npos) << run.error;
         EXPECT_EQ(run.output, "");
         EXPECT_TRUE(fs::is_empty(folder / "out"));

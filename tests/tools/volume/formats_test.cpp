@@ -160,7 +160,7 @@ TEST(NiftiVolume, ScalesStoredValuesAsItsHeaderSays) {
     EXPECT_EQ(line(run.output, "foreground"), "foreground  2 voxels") << run.error;
 }
 
-TEST(NiftiVolume, TakesAScalingThatIsNoNumberForNone) {
+TEST(NiftiVolume, IgnoresAScalingThatIsNaN) {
     TemporaryFolder const folder;
     fileFormats().front().write(Samples{{2, 2, 2}, {0, 1, 2, 3, 4, 5, 6, 7}}, folder / "a.nii");
     std::string const bytes = readBytes(folder / "a.nii");
@@ -185,7 +185,7 @@ TEST(NiftiVolume, IsReadWhateverTheCaseOfItsNameAndItsCompression) {
     }
 }
 
-TEST(FloatVolume, TakesWhatIsNoNumberForBackground) {
+TEST(FloatVolume, TakesNaNForBackground) {
     TemporaryFolder const folder;
     std::string bytes;
     for (int i = 0; i < 8; ++i) {

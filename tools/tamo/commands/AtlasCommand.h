@@ -10,7 +10,7 @@
 
 namespace tamo::tool {
 
-/// Draws cell configurations with their polygons, a tile each, into a PNG file. One system fills rows of at most 16
+/// Draws cell configurations with their polygons, one tile each, into a PNG file. One system fills rows of at most 16
 /// tiles; several have a column each.
 class AtlasCommand : public Command {
   public:

@@ -20,8 +20,8 @@ class Command {
 
     /// Returns whether the command line names this command.
     [[nodiscard]] bool isAsked() const;
-    /// Throws `UsageError` for option values that are none, before it touches a file, and `UserError` for what is found
-    /// later.
+    /// Throws `UsageError` for a value that its option does not take, before it touches a file, and `UserError` for
+    /// what is found later.
     virtual void run() const = 0;
 
   protected:

@@ -19,7 +19,7 @@ class AdjacencyOption {
     /// `several` says in the help text what happens to several systems.
     AdjacencyOption(CLI::App& command, std::string const& several);
 
-    /// Returns the systems, at least one. Throws `UsageError` for a name that is none.
+    /// Returns the systems, at least one. Throws `UsageError` for an unknown name.
     [[nodiscard]] std::vector<NamedSystem> read() const;
 
     /// Throws `UsageError` that names the option and says what was expected of it.

@@ -25,9 +25,9 @@ class PictureOptions {
 
     PictureOptions(CLI::App& command, Defaults const& defaults);
 
-    /// Throws `UsageError` for a size that no picture has.
+    /// Throws `UsageError` for a size that no picture can have.
     [[nodiscard]] picture::PictureSize readSize() const;
-    /// Throws `UsageError` for values that are no angles.
+    /// Throws `UsageError` for values that are not angles.
     [[nodiscard]] picture::View readView() const;
 
   private:

@@ -22,7 +22,7 @@ class RangeOptions {
 
     explicit RangeOptions(CLI::App& command);
 
-    /// Throws `UsageError` for values that are no numbers or no range.
+    /// Throws `UsageError` for values that are not numbers or not a range.
     [[nodiscard]] Limits read() const;
 
   private:

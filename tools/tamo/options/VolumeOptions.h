@@ -23,7 +23,7 @@ class VolumeOptions {
   public:
     explicit VolumeOptions(CLI::App& command);
 
-    /// Throws `UsageError` for values that are none.
+    /// Throws `UsageError` for a value that its option does not take.
     [[nodiscard]] VolumeSource read() const;
 
   private:

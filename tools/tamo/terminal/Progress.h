@@ -9,7 +9,7 @@
 namespace tamo::tool {
 
 /// Shows how far a stage has come, as one line on standard error that is wiped at the end; only on a terminal.
-/// One at a time.
+/// Only one may exist at a time.
 class Progress {
   public:
     explicit Progress(std::string stage);

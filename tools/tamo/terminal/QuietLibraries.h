@@ -7,7 +7,7 @@ namespace tamo::tool {
 /// Keeps what libraries print off the terminal while it lives, and knows whether VTK reported an error.
 ///
 /// VTK's readers report errors as messages only and hand out what they have got; the libraries below them print on
-/// standard output and standard error. One at a time may live.
+/// standard output and standard error. Only one may exist at a time.
 class QuietLibraries {
   public:
     QuietLibraries();
@@ -15,7 +15,7 @@ class QuietLibraries {
     QuietLibraries(QuietLibraries const&) = delete;
     QuietLibraries& operator=(QuietLibraries const&) = delete;
 
-    /// Tells whether VTK reported an error since construction.
+    /// Returns whether VTK reported an error since construction.
     [[nodiscard]] bool hasVtkError() const;
 
   private:

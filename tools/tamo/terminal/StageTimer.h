@@ -20,7 +20,7 @@ class StageTimer {
         return std::forward<Work>(work)();
     }
 
-    /// Writes one line a stage: seconds, and the largest resident memory of the process while the stage ran.
+    /// Writes one line per stage: seconds, and the largest resident memory of the process while the stage ran.
     void print(std::ostream& out) const;
 
   private:

@@ -33,7 +33,7 @@ struct BinaryVolume {
 /// what lies furthest out, in whatever direction, is among them.
 void visitRowEnds(BinaryVolume const& binary, std::function<void(Vector3 const&)> const& visit);
 
-/// Marks the voxels of `box` whose value lies in `range`, ends included; a voxel without a value (NaN) is background.
+/// Marks the voxels of `box` whose value lies in `range`, ends included; NaN is background.
 /// The box's slices must not have more than 2^31 - 1 voxels.
 BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress);
 

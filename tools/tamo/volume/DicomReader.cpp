@@ -25,7 +25,7 @@ std::uint64_t littleEndian(unsigned char const* bytes) {
     return bytes[0] | std::uint64_t{bytes[1]} << 8U | std::uint64_t{bytes[2]} << 16U | std::uint64_t{bytes[3]} << 24U;
 }
 
-// Tells whether the file holds all the pixel data that it announces, and at least `pixels` of them.
+// Returns whether the file holds all the pixel data that it announces, and at least `pixels` of them.
 //
 // VTK shows what it has read so far. The bytes of the tag may also stand elsewhere: one place that fits is enough.
 bool hasAllPixels(fs::path const& path, std::uint64_t pixels) {
@@ -97,7 +97,7 @@ void checkAlike(Slice const& slice, Slice const& first) {
     vtkImageData* const image = slice.reader->GetOutput();
     vtkImageData* const firstImage = first.reader->GetOutput();
     if (image->GetNumberOfScalarComponents() != 1) {
-        throw UserError(slice.path.string() + ": expected a volume of one scalar a voxel, found a colour image");
+        throw UserError(slice.path.string() + ": expected a volume of one scalar per voxel, found a colour image");
     }
     bool const isAlike = std::equal(image->GetDimensions(), image->GetDimensions() + 3, firstImage->GetDimensions()) &&
                          image->GetScalarType() == firstImage->GetScalarType() &&

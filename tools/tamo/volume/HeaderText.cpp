@@ -14,7 +14,7 @@ namespace tamo::tool {
 
 namespace {
 
-// Tells whether a value is a whole number in [least, most]; one that is no number is not.
+// Returns whether a value is a whole number in [least, most]; NaN is not.
 bool isWhole(double value, double least, double most) {
     return value >= least && value <= most && value == std::floor(value);
 }

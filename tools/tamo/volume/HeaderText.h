@@ -24,8 +24,8 @@ class HeaderText {
     [[nodiscard]] std::string text(std::string const& name, std::string const& fallback) const;
     /// Returns a field's text. Throws `UserError` where the header has none.
     [[nodiscard]] std::string require(std::string const& name) const;
-    /// Returns the `count` numbers of a field; blanks, commas and brackets part them. Throws `UserError` for another
-    /// text.
+    /// Returns the `count` numbers of a field; blanks, commas and brackets separate them. Throws `UserError` for
+    /// another text.
     [[nodiscard]] std::vector<double> numbers(std::string const& name, std::size_t count) const;
 
     /// Returns the three sides of a volume, each at least 1. Throws `UserError` for another text.

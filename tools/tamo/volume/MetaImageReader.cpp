@@ -49,7 +49,7 @@ int scalarType(HeaderText const& header) {
                                                    {"MET_DOUBLE", VTK_DOUBLE}};
     auto const type = kTypes.find(header.require("ElementType"));
     if (type == kTypes.end() || header.text("ElementNumberOfChannels", "1") != "1") {
-        header.refuse(type == kTypes.end() ? "ElementType" : "ElementNumberOfChannels", "one scalar a voxel");
+        header.refuse(type == kTypes.end() ? "ElementType" : "ElementNumberOfChannels", "one scalar per voxel");
     }
     return type->second;
 }

@@ -92,12 +92,12 @@ int scalarType(HeaderText const& header) {
 
 Size3 sizes(HeaderText const& header) {
     if (header.require("dimension") != "3") {
-        header.refuse("dimension", "3, a 3-D volume of one scalar a voxel,");
+        header.refuse("dimension", "3, a 3-D volume of one scalar per voxel,");
     }
     std::string const kinds = header.text("kinds", "");
     for (char const* const word : {"color", "vector", "normal", "complex", "list", "point"}) {
         if (kinds.find(word) != std::string::npos) {
-            header.refuse("kinds", "three axes of space, a volume of one scalar a voxel,");
+            header.refuse("kinds", "three axes of space, a volume of one scalar per voxel,");
         }
     }
     return header.size("sizes");

@@ -70,7 +70,7 @@ bool readPng(vtkPNGReader& reader, fs::path const& path) {
     return !quiet.hasVtkError() && reader.GetErrorCode() == 0 && reader.GetOutput()->GetScalarPointer() != nullptr;
 }
 
-// Tells whether the last chunk of a PNG file stands where it should: the reader does not miss it.
+// Returns whether the last chunk of a PNG file stands where it should: the reader does not miss it.
 bool endsLikePng(fs::path const& path) {
     constexpr std::array<char, 8> kEnd{'I', 'E', 'N', 'D', '\xAE', '\x42', '\x60', '\x82'};
     std::ifstream file(path, std::ios::binary | std::ios::ate);
@@ -90,7 +90,7 @@ Volume readPngSlices(std::vector<fs::path> const& slices, Progress& progress) {
         }
         vtkImageData& slice = *reader->GetOutput();
         if (slice.GetNumberOfScalarComponents() != 1) {
-            throw UserError(path.string() + ": expected a volume of one scalar a voxel, found a colour image");
+            throw UserError(path.string() + ": expected a volume of one scalar per voxel, found a colour image");
         }
         Size3 size{};
         slice.GetDimensions(size.data());

@@ -66,14 +66,14 @@ template <typename T> T tagValue(TIFF* file, std::uint32_t tag) {
     return value;
 }
 
-// Describes the current page, which has to be one of numbers, one a pixel.
+// Describes the current page, which has to be one of numbers, one per pixel.
 Page currentPage(TIFF* file, fs::path const& path) {
     auto const bits = tagValue<std::uint16_t>(file, TIFFTAG_BITSPERSAMPLE);
     auto const format = tagValue<std::uint16_t>(file, TIFFTAG_SAMPLEFORMAT);
     auto const samples = tagValue<std::uint16_t>(file, TIFFTAG_SAMPLESPERPIXEL);
     auto const photometric = tagValue<std::uint16_t>(file, TIFFTAG_PHOTOMETRIC);
     if (samples != 1 || photometric == PHOTOMETRIC_PALETTE) {
-        throw UserError(path.string() + ": expected a volume of one scalar a voxel, found a colour image");
+        throw UserError(path.string() + ": expected a volume of one scalar per voxel, found a colour image");
     }
     char const* const kind = format == SAMPLEFORMAT_IEEEFP ? "float" : format == SAMPLEFORMAT_INT ? "int" : "uint";
     std::string const name = kind + std::to_string(bits);

@@ -19,7 +19,7 @@ namespace tamo::tool {
 ///
 /// Voxel (x, y, z) is the x-th of its row, the y-th row of its slice and the z-th slice, in the order of the file.
 struct Volume {
-    /// One component a voxel.
+    /// One component per voxel.
     vtkSmartPointer<vtkImageData> image;
     std::string format;
     Size3 size{};
@@ -33,7 +33,8 @@ struct Volume {
     double intercept = 0;
 };
 
-/// Makes an image of one component a voxel, its voxels not yet set. Throws `UserError` where there is no memory for it.
+/// Makes an image of one component per voxel, its voxels not yet set. Throws `UserError` where there is no memory for
+/// it.
 vtkSmartPointer<vtkImageData> allocateImage(Size3 const& size, int vtkType, std::string const& path);
 
 /// Returns the number of bytes that the voxels take.

@@ -12,7 +12,7 @@
 namespace tamo::tool {
 
 // One reader for each format. All of them throw `UserError`, naming the file, for one that is damaged, incomplete or
-// not a volume of one scalar a voxel; none returns voxels that it did not find in the file.
+// not a volume of one scalar per voxel. None returns voxels that it did not find in the file.
 
 Volume readNifti(std::filesystem::path const& path, Progress& progress);
 Volume readMetaImage(std::filesystem::path const& path, Progress& progress);

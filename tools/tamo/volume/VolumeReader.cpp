@@ -74,7 +74,7 @@ Volume readAny(VolumeSource const& source, Progress& progress) {
 
 void checkVolume(Volume const& volume, std::string const& path) {
     if (volume.image->GetNumberOfScalarComponents() != 1) {
-        throw UserError(path + ": expected a volume of one scalar a voxel, found " +
+        throw UserError(path + ": expected a volume of one scalar per voxel, found " +
                         std::to_string(volume.image->GetNumberOfScalarComponents()) + " components (a colour image?)");
     }
     auto const& size = volume.size;

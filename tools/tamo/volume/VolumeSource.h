@@ -11,7 +11,7 @@
 
 namespace tamo::tool {
 
-/// Says where a volume is and what its file does not tell.
+/// Says where a volume is and what its file does not say.
 struct VolumeSource {
     std::filesystem::path path;
     /// Set for a file of bare voxels.

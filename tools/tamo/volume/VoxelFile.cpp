@@ -83,7 +83,7 @@ class Expander {
         _isGood = result == Z_OK || (_isAtEnd && startNextMember());
     }
 
-    // A gzip file may consist of several streams, one behind the other.
+    // A gzip file may consist of several streams, one after another.
     bool startNextMember() {
         bool const isMore = _stream.avail_in > 1 && _stream.next_in[0] == 0x1F && _stream.next_in[1] == 0x8B;
         if (isMore) {
@@ -102,7 +102,7 @@ class Expander {
 
 std::string bytesOfVoxels(Volume const& volume) { return std::to_string(voxelBytes(volume)) + " bytes of voxels"; }
 
-// Fills the image row by row through `read(address, bytes)`, which tells whether it got them all.
+// Fills the image row by row through `read(address, bytes)`, which returns whether it got them all.
 template <typename Read> void readRows(Volume& volume, VoxelLocation const& location, Read&& read, Progress& progress) {
     int const scalarBytes = volume.image->GetScalarSize();
     auto const rowBytes = static_cast<unsigned int>(volume.size[0]) * static_cast<unsigned int>(scalarBytes);

@@ -83,13 +83,13 @@ void reverseSlices(Volume& volume) {
     }
 }
 
-// Tells by its first bytes, as VTK does: a name may lie.
+// Returns whether its first bytes say so, as VTK asks: a name may lie.
 bool isGzipFile(std::filesystem::path const& path) {
     std::ifstream file(path, std::ios::binary);
     return file.get() == 0x1F && file.get() == 0x8B;
 }
 
-// Tells whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
+// Returns whether the file's closing tag stands at its end: VTK stops reading where the voxels begin.
 bool hasClosingTag(std::filesystem::path const& path) {
     std::ifstream file(path, std::ios::binary | std::ios::ate);
     std::string end(static_cast<std::size_t>(std::min<std::streamoff>(file.tellg(), 64)), ' ');
@@ -117,7 +117,7 @@ Volume readNifti(std::filesystem::path const& path, Progress& progress) {
         throw UserError(path.string() + ": expected one volume, found a series of " +
                         std::to_string(reader->GetTimeDimension()));
     }
-    // The reader hands out stored values; a slope of 0, or one that is no number, means that the file does not scale
+    // The reader hands out stored values; a slope of 0 or NaN means that the file does not scale
     // them.
     bool const isFinite = std::isfinite(reader->GetRescaleSlope()) && std::isfinite(reader->GetRescaleIntercept());
     if (isFinite && reader->GetRescaleSlope() != 0.0) {
