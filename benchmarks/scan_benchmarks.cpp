@@ -5,7 +5,8 @@
 #include "Receivers.h"
 #include "registrations.h"
 
-#include "../src/surface/SlabReader.h"
+#include "../src/scan/SlabWalk.h"
+#include "../src/scan/WorkSpace.h"
 
 #include <benchmark/benchmark.h>
 
@@ -149,17 +150,12 @@ void infoPlainly(benchmark::State& state, plain::ScanArguments const& a) {
 
 // Reads all slabs as a scan does, and looks at none of them.
 void read(benchmark::State& state, plain::ScanArguments const& a) {
-    SampleGrid const grid = makeSampleGrid(a.data, a.increments, a.step, a.origin, a.extent);
-    SlabReader const reader(grid);
-    std::int64_t const octets = grid.count.z / kTileSide + 1;
-    std::int64_t const size = reader.slabsPerRead() + 1;
-    std::int64_t const slabSize = (tilesFor(grid.count.x) + 1) * octets;
-    std::vector<BitTile> tiles(static_cast<std::size_t>(size * slabSize));
-    SlabRing const ring{tiles.data(), size, slabSize, octets};
+    scan::SampleGrid const grid = scan::makeSampleGrid(a.data, a.increments, a.step, a.origin, a.extent);
+    scan::ReadPlan const plan = scan::makeReadPlan(grid);
+    scan::WorkSpace const space(grid, plan);
     for (auto _ : state) {
-        for (std::int64_t y = 0; y < grid.count.y; y += reader.slabsFrom(y)) {
-            reader.read(y, reader.slabsFrom(y), ring);
-            benchmark::DoNotOptimize(tiles.data());
+        for (scan::SlabWalk walk(grid, plan, space.ring()); walk.next();) {
+            benchmark::DoNotOptimize(walk.slab());
         }
     }
 }

@@ -1,106 +1,118 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The TAMO authors
 # SPDX-License-Identifier: BSD-3-Clause
-"""Prints the figures of one run of tamoBenchmarks as tables of ratios beside their targets; usage: table.py RESULT.json"""
+"""Turns the figures of one run of tamoBenchmarks, a JSON file that scripts/bench makes, into tables.
 
-import json
+Usage: table.py RESULT.json             prints the whole page of results
+       table.py RESULT.json DOCUMENT.md puts the run's tables in place of those that the document quotes
+
+A quoted table follows a line `<!-- benchmarks/table.py: TITLE -->`. Figures are medians of processor time.
+"""
+
+import re
 import sys
+from pathlib import Path
 
-AXES = ("x", "y", "z")
+from bench_run import (AXES, LARGEST, Run, bytes_apart, name_of_layout, name_of_volume, odd_layouts,
+                       times_contiguous)
+
 SIDES = (64, 256, 512)
-LARGEST = 512
 DENSE = "gyroid"
 
 
-class Run:
-    """The medians of one run, by what was measured."""
-
-    def __init__(self, path):
-        with open(path, encoding="utf-8") as file:
-            found = json.load(file)["benchmarks"]
-        self.medians = {self.key_of(b): b for b in found if b.get("aggregate_name") == "median"}
-
-    @staticmethod
-    def key_of(benchmark):
-        # Google Benchmark appends how it measured, as parts with a colon.
-        return tuple(part for part in benchmark["run_name"].split("/") if ":" not in part and part != "process_time")
-
-    def has(self, *key):
-        return tuple(map(str, key)) in self.medians
-
-    def time(self, *key):
-        """Microseconds of processor time: what others do on the machine counts as little as can be."""
-        return self.medians[tuple(map(str, key))]["cpu_time"]
-
-    def counter(self, name, *key):
-        return self.medians[tuple(map(str, key))][name]
-
-    def keys(self, what):
-        return [key[1:] for key in self.medians if key[0] == what]
-
-    def ratio(self, what, whats, *where):
-        return self.time(what, *where) / self.time(whats, *where)
-
-    def times_faster(self, what, key):
-        """The plain walk's time over the library's, as text; a dash where the plain walk was not measured."""
-        return f"{self.ratio(what + 'Plain', what, *key):.1f}" if self.has(what + "Plain", *key) else "-"
+class Table:
+    def __init__(self, title, note, head, rows):
+        self.title = title
+        self.note = note
+        self.lines = ["| " + " | ".join(head) + " |", "|" + "|".join(["---"] + ["---:"] * (len(head) - 1)) + "|"]
+        self.lines += ["| " + " | ".join(row) + " |" for row in rows]
 
 
-def print_table(title, head, rows):
-    print(f"\n### {title}\n")
-    print("| " + " | ".join(head) + " |")
-    print("|" + "|".join(["---"] + ["---:"] * (len(head) - 1)) + "|")
-    for row in rows:
-        print("| " + " | ".join(row) + " |")
+def milliseconds(microseconds):
+    value = microseconds / 1000
+    return f"{value:.0f} ms" if value >= 10 else f"{value:.2g} ms"
 
 
-def at_most(name, measured, limit, unit):
-    return [name, f"{measured:.2f}{unit}", f"at most {limit}{unit}", "met" if measured <= limit else "missed"]
+# What a user asks.
 
 
-def at_least(name, measured, limit, unit):
-    return [name, f"{measured:.2f}{unit}", f"at least {limit}{unit}", "met" if measured >= limit else "missed"]
+def work_space(side):
+    """Bytes that a scan of a cube with x contiguous allocates; the test WorkSpace.HasTheSizeOfItsFormula holds it."""
+    slabs = max(8, 1024 // side // 8 * 8)
+    width = side + 8
+    return (slabs + 2) * width * width // 8 + 2 * width * width // 8 + 10 * width + 560
+
+
+def summary_rows(run):
+    for pattern in ("brain", DENSE):
+        for side in SIDES:
+            key = (pattern, side, "x", 1)
+            if run.has("wrap", *key):
+                yield [f"{pattern}, {side}³", f"{run.counter('cells', 'wrap', *key) / 1000:,.0f} thousand",
+                       *(milliseconds(run.time(what, *key)) for what in ("wrap", "info", "memory")),
+                       f"{work_space(side) / 1024:.0f} KiB"]
+
+
+# Targets.
+
+
+def judged(measured, is_met, unit=""):
+    return f"{measured:.2f}{unit}" + ("" if is_met else ", **missed**")
 
 
 def cost_of_a_cell(run, axis):
+    """Nanoseconds for each cut cell of the dense pattern, beyond what the ball, of the same size, takes."""
     dense = (DENSE, LARGEST, axis, 1)
     beyond = run.time("wrap", *dense) - run.time("wrap", "ball", LARGEST, axis, 1)
     return 1000 * beyond / run.counter("cells", "wrap", *dense)
 
 
 def target_rows(run):
-    for axis in AXES:
-        ball, dense = ("ball", LARGEST, axis, 1), (DENSE, LARGEST, axis, 1)
-        where = f", 512³, {axis} contiguous"
-        yield at_most("`wrapGlobal`, ball" + where + ": memory passes", run.ratio("wrap", "memory", *ball), 5, "")
-        yield at_least("... times faster than the plain walk", run.ratio("wrapPlain", "wrap", *ball), 12, "")
-        yield at_most("`wrapGlobal`, dense" + where + ": beyond the ball, a cell", cost_of_a_cell(run, axis), 5, " ns")
-        yield at_least("... times faster than the plain walk", run.ratio("wrapPlain", "wrap", *dense), 5, "")
-        yield at_most("`getGLDataInfo`, ball" + where + ": memory passes", run.ratio("info", "memory", *ball), 3, "")
-        yield at_least("`getGLDataInfo`, dense" + where + ": times faster than the plain count",
-                       run.ratio("infoPlain", "info", *dense), 10, "")
-    large = [key for key in run.keys("wrap") if int(key[1]) in SIDES and key[2] in AXES]
-    slowest = max(large, key=lambda key: run.ratio("info", "wrap", *key))
-    yield at_most(f"`getGLDataInfo`, 64³ to 512³: times the time of `wrapGlobal`; worst: {' '.join(slowest)}",
-                  run.ratio("info", "wrap", *slowest), 1, "")
-    cubes = [key for key in run.keys("wrapPlain") if key[2] in AXES]
+    def row(name, limit, figure, at_most=True, unit=""):
+        measured = [figure(axis) for axis in AXES]
+        bound = f"at {'most' if at_most else 'least'} {limit}{unit}"
+        return [name, bound, *(judged(m, (m <= limit) == at_most, unit) for m in measured)]
+
+    def ratio(what, whats, pattern):
+        return lambda axis: run.ratio(what, whats, pattern, LARGEST, axis, 1)
+
+    yield row("Scan, ball: memory passes", 5, ratio("wrap", "memory", "ball"))
+    yield row("Scan, ball: times faster than the plain walk", 12, ratio("wrapPlain", "wrap", "ball"), False)
+    yield row("Scan, dense: beyond the ball, a cut cell", 5, lambda axis: cost_of_a_cell(run, axis), unit=" ns")
+    yield row("Scan, dense: times faster than the plain walk", 5, ratio("wrapPlain", "wrap", DENSE), False)
+    yield row("Count, ball: memory passes", 3, ratio("info", "memory", "ball"))
+    yield row("Count, dense: times faster than the plain count", 10, ratio("infoPlain", "info", DENSE), False)
+
+
+def worst_rows(run):
+    def row(name, keys, figure, limit, at_most=True, unit="", name_of=name_of_volume):
+        worst = (max if at_most else min)(keys, key=figure)
+        measured = figure(worst)
+        bound = f"at {'most' if at_most else 'least'} {limit}{unit}"
+        return [name, bound, judged(measured, (measured <= limit) == at_most, unit), name_of(worst)]
+
+    def ratio(what, whats):
+        return lambda key: run.ratio(what, whats, *key)
+
+    cubes = [key for key in run.keys("wrap") if key[2] in AXES]
+    large = [key for key in cubes if int(key[1]) in SIDES]
     small = [key for key in cubes if int(key[1]) < 64]
-    slowest = max(small, key=lambda key: run.ratio("info", "wrap", *key))
-    yield at_most(f"... 2³ to 32³; worst: {' '.join(slowest)}", run.ratio("info", "wrap", *slowest), 1, "")
-    for name, fast, plain in (("wrapGlobal", "wrap", "wrapPlain"), ("getGLDataInfo", "info", "infoPlain")):
-        small = [key for key in cubes if int(key[1]) <= 64]
-        slowest = min(small, key=lambda key: run.ratio(plain, fast, *key))
-        yield at_least(f"`{name}`, 2³ to 64³: times faster than the plain walk; worst: {' '.join(slowest)}",
-                       run.ratio(plain, fast, *slowest), 1, "")
+    plain = [key for key in run.keys("wrapPlain") if key[2] in AXES and int(key[1]) <= 64]
+    yield row("Count, 64³ to 512³: times the scan", large, ratio("info", "wrap"), 1)
+    yield row("Count, 2³ to 32³: times the scan", small, ratio("info", "wrap"), 1)
+    yield row("Scan, 2³ to 64³: times faster than the plain walk", plain, ratio("wrapPlain", "wrap"), 1, False)
+    yield row("Count, 2³ to 64³: times faster than the plain count", plain, ratio("infoPlain", "info"), 1, False)
     near = [key for key in odd_layouts(run) if bytes_apart(key) <= 3]
     far = [key for key in odd_layouts(run) if bytes_apart(key) > 3]
     for apart, keys in (("up to 3 bytes apart", near), ("4 to 8 bytes apart", far)):
-        for name, what in (("wrapGlobal", "wrap"), ("getGLDataInfo", "info")):
-            slowest = max(keys, key=lambda key: times_contiguous(run, what, key))
-            yield at_most(f"`{name}`, samples {apart}: times contiguous; worst: {name_of_layout(slowest)}",
-                          times_contiguous(run, what, slowest), 3, "")
-    slowest = max(run.keys("list"), key=lambda key: run.time("list", *key))
-    yield at_most(f"A list; slowest: {slowest[0]}", run.time("list", *slowest) / 1000, 5, " ms")
+        for name, what in (("Scan", "wrap"), ("Count", "info")):
+            yield row(f"{name}, samples {apart}: times contiguous", keys,
+                      lambda key, w=what: times_contiguous(run, w, key), 3, name_of=name_of_layout)
+    yield row("A list", run.keys("list"), lambda key: run.time("list", *key) / 1000, 5, unit=" ms",
+              name_of=" ".join)
+
+
+# Everything.
 
 
 def scan_rows(run):
@@ -109,53 +121,25 @@ def scan_rows(run):
             for axis in AXES:
                 key = (pattern, side, axis, 1)
                 if run.has("wrap", *key):
-                    yield [f"{pattern}, {side}³, {axis}", f"{100 * run.counter('share', 'wrap', *key):.1f} %",
+                    yield [name_of_volume(key), f"{100 * run.counter('share', 'wrap', *key):.1f} %",
                            f"{run.time('memory', *key) / 1000:.3f}", f"{run.ratio('read', 'memory', *key):.2f}",
-                           f"{run.ratio('wrap', 'memory', *key):.2f}",
-                           run.times_faster("wrap", key), f"{run.ratio('info', 'memory', *key):.2f}",
-                           run.times_faster("info", key), f"{run.ratio('infoAll', 'memory', *key):.2f}"]
+                           f"{run.ratio('wrap', 'memory', *key):.2f}", run.times_faster("wrap", key),
+                           f"{run.ratio('info', 'memory', *key):.2f}", run.times_faster("info", key),
+                           f"{run.ratio('infoAll', 'memory', *key):.2f}"]
 
 
 def collect_rows(run):
     for key in run.keys("collect"):
         if key[3] == "1":
-            yield [f"{key[0]}, {key[1]}³, {key[2]}", f"{run.ratio('collect', 'wrap', *key):.1f}",
-                   run.times_faster("collect", key)]
+            yield [name_of_volume(key), f"{run.ratio('collect', 'wrap', *key):.1f}", run.times_faster("collect", key)]
 
 
 def step_rows(run):
     for key in run.keys("collect"):
         if key[3] != "1":
-            yield [f"{key[0]}, {key[1]}³, {key[2]}, step {key[3]}", f"{nanoseconds_a_sample(run, 'wrap', key):.2f}",
-                   run.times_faster("wrap", key), f"{nanoseconds_a_sample(run, 'info', key):.2f}",
-                   run.times_faster("info", key), f"{run.ratio('collect', 'wrap', *key):.1f}",
-                   run.times_faster("collect", key)]
-
-
-def nanoseconds_a_sample(run, what, key):
-    return 1000 * run.time(what, *key) / run.counter("samples", what, *key)
-
-
-def odd_layouts(run):
-    """Steps, and layouts other than the contiguous ones; flat volumes, which are small, have a table of their own."""
-    steps = [("ball", str(LARGEST), axis, step) for step in "23458" for axis in AXES]
-    return steps + [key for key in run.keys("info") if key[2] not in AXES and "flat" not in key[2]]
-
-
-def bytes_apart(key):
-    """How far apart a layout's samples are along its densest axis."""
-    return int(key[2].rsplit("_", 1)[1]) if "_by_" in key[2] else int(key[3])
-
-
-def times_contiguous(run, what, key):
-    """The cost of a sample over that of the same volume with its densest axis contiguous and no step."""
-    contiguous = (key[0], key[1], key[2][0], "1")
-    return nanoseconds_a_sample(run, what, key) / nanoseconds_a_sample(run, what, contiguous)
-
-
-def name_of_layout(key):
-    name = key[2].replace("_", " ")
-    return f"{name}, step {key[3]}" if key[3] != "1" else name
+            yield [name_of_volume(key), f"{run.nanoseconds_a_sample('wrap', key):.2f}", run.times_faster("wrap", key),
+                   f"{run.nanoseconds_a_sample('info', key):.2f}", run.times_faster("info", key),
+                   f"{run.ratio('collect', 'wrap', *key):.1f}", run.times_faster("collect", key)]
 
 
 def layout_rows(run):
@@ -165,7 +149,7 @@ def layout_rows(run):
         for what in ("wrap", "info"):
             # With a step, much of what a pass over memory sums are no samples.
             passes = f"{run.ratio(what, 'memory', *key):.1f}" if key[3] == "1" else "-"
-            row += [f"{nanoseconds_a_sample(run, what, key):.2f}", f"{times_contiguous(run, what, key):.1f}", passes]
+            row += [f"{run.nanoseconds_a_sample(what, key):.2f}", f"{times_contiguous(run, what, key):.1f}", passes]
         yield row
 
 
@@ -180,43 +164,90 @@ def small_rows(run):
 
 
 def display_rows(run):
-    compiled = run.time("display", "compile")
-    polygons = run.counter("polygons", "display", "move")
-    for what, name in (("compile", "Scan into a display list, `GLPolygonConsumer`"),
-                       ("compilePrepared", "The same calls of OpenGL from a prepared array"),
-                       ("move", "Scan and copies of the polygons, no OpenGL"), ("draw", "Draw the list once")):
+    if not run.has("display", "compile"):
+        return
+    compiled, polygons = run.time("display", "compile"), run.counter("polygons", "display", "move")
+    names = {"compile": "Scan into a display list, `GLPolygonConsumer`",
+             "compilePrepared": "The same calls of OpenGL from a prepared array",
+             "move": "Scan and copies of the polygons, no OpenGL", "draw": "Draw the list once"}
+    for what, name in names.items():
         time = run.time("display", what)
         yield [name, f"{time / 1000:.0f}", f"{1000 * time / polygons:.0f}", f"{100 * time / compiled:.0f} %"]
 
 
+def tables_of(run):
+    volume = "Volume, contiguous axis"
+    return [
+        Table("In short", "x contiguous. Cut cells are those that the receiver gets; here it counts them.",
+              ("Volume", "Cut cells", "Scan", "Count", "Memory pass", "Work space"), summary_rows(run)),
+        Table("Targets, 512³", f"Dense is the {DENSE}.",
+              ("What", "Target", *(f"{axis} contiguous" for axis in AXES)), target_rows(run)),
+        Table("Targets over many volumes", "Of all that were measured, the one farthest from the target.",
+              ("What", "Target", "Worst", "Where"), worst_rows(run)),
+        Table("Scans", "Reading alone stops where the samples are bits. A dash: the plain walk was not measured.",
+              (volume, "Cut cells", "Memory pass, ms", "Reading alone, passes", "Scan, passes", "than plain",
+               "Count, passes", "than plain", "... of all cells, passes"), scan_rows(run)),
+        Table("Collecting cells", "With a receiver that keeps each cell's object and position.",
+              (volume, "Times the scan", "Times faster than plain"), collect_rows(run)),
+        Table("Steps", "With a step of k, every k-th voxel along each axis is a sample.",
+              (volume + ", step", "Scan, ns a sample", "than plain", "Count, ns a sample", "than plain",
+               "Collecting, times the scan", "than plain"), step_rows(run)),
+        Table("Other layouts", "The ball. x by 3: samples 3 bytes apart; gaps: 27 unused bytes after each row; back: "
+              "falling addresses; y z x: the axes from the fastest; thin 8: 8 voxels along the densest axis.",
+              ("Densest axis", "Scan, ns a sample", "times contiguous", "memory passes", "Count, ns a sample",
+               "times contiguous", "memory passes"), layout_rows(run)),
+        Table("Small volumes", "x contiguous.", ("Volume", "Scan, µs", "Times faster than plain", "Count, µs",
+                                                 "Times faster than plain"), small_rows(run)),
+        Table("Lists", "Time to build the list of a system.", ("System", "ms"),
+              ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list"))),
+        Table("A display list", "Of the brain, 256³, in Mesa without a graphics card.",
+              ("What", "ms", "ns a polygon", "Share"), display_rows(run)),
+    ]
+
+
+def print_page(run, tables):
+    machine = run.context
+    caches = [f"level {cache['level']} {cache['size'] // 1024} KiB" for cache in machine["caches"]
+              if cache["type"] != "Instruction"]
+    print(f"# Results: {machine['machine']}\n\nWritten by `{machine['command']}`; "
+          "[docs/performance.md](../../docs/performance.md) explains the words.\n")
+    print(f"- Processor: {machine['cpu']}, {machine['num_cpus']} cores, {machine['mhz_per_cpu']} MHz\n"
+          f"- Caches: {', '.join(caches)}\n- Compiler: {machine['compiler']}, preset `bench`\n"
+          "- Figures: medians of processor time")
+    for table in tables:
+        print(f"\n## {table.title}\n\n{table.note}\n\n" + "\n".join(table.lines))
+
+
+def refresh_quotes(document, tables):
+    lines_of = {table.title: "".join(line + "\n" for line in table.lines) for table in tables}
+
+    def renewed(quote):
+        if quote[2] not in lines_of:
+            raise ValueError(f"{document}: quotes {quote[2]}: no such table")
+        return quote[1] + lines_of[quote[2]]
+
+    text = document.read_text(encoding="utf-8")
+    quotes = r"(<!-- benchmarks/table\.py: (.*) -->\n)(?:\|.*\n)*"
+    document.write_text(re.sub(quotes, renewed, text), encoding="utf-8")
+
+
 def main():
-    if len(sys.argv) != 2:
-        print("table.py: expected one argument, the JSON file of a run of tamoBenchmarks", file=sys.stderr)
+    if not 2 <= len(sys.argv) <= 3:
+        print("table.py: expected the JSON file of a run of tamoBenchmarks, and at most a document", file=sys.stderr)
         return 2
     try:
         run = Run(sys.argv[1])
-    except (OSError, ValueError, KeyError) as error:
-        print(f"{sys.argv[1]}: expected the JSON file of a run of tamoBenchmarks: {error}", file=sys.stderr)
+        tables = tables_of(run)
+        if len(sys.argv) == 2:
+            print_page(run, tables)
+        else:
+            refresh_quotes(Path(sys.argv[2]), tables)
+    except (OSError, ValueError) as error:
+        print(f"table.py: {error}", file=sys.stderr)
         return 1
-    print_table("Targets", ("What", "Measured", "Target", ""), target_rows(run))
-    print_table("Scans: memory passes, and times faster than the plain walk",
-                ("Volume, contiguous axis", "Cells fetched", "Memory pass, ms", "Reading alone, passes",
-                 "`wrapGlobal`, passes", "than plain", "`getGLDataInfo`, passes", "than plain",
-                 "... of all cells, passes"), scan_rows(run))
-    print_table("Collecting positions", ("Volume", "Times counting", "Times faster than plain"), collect_rows(run))
-    print_table("Steps: `wrapGlobal`, `getGLDataInfo`, collecting positions",
-                ("Volume, contiguous axis, step", "`wrapGlobal`, ns a sample", "than plain",
-                 "`getGLDataInfo`, ns a sample", "than plain", "Collecting, times counting", "than plain"),
-                step_rows(run))
-    print_table("Other layouts and steps, ball: `wrapGlobal`, then `getGLDataInfo`",
-                ("Densest axis", "ns a sample", "Times contiguous", "Memory passes",
-                 "ns a sample", "Times contiguous", "Memory passes"), layout_rows(run))
-    print_table("Small volumes", ("Volume", "`wrapGlobal`, µs", "Times faster than plain", "`getGLDataInfo`, µs",
-                                  "Times faster than plain"), small_rows(run))
-    print_table("Lists", ("System", "ms"),
-                ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list")))
-    if run.has("display", "compile"):
-        print_table("A display list of the brain, 256³", ("What", "ms", "ns a polygon", "Share"), display_rows(run))
+    except KeyError as error:
+        print(f"{sys.argv[1]}: expected the file that scripts/bench makes: {error} is missing", file=sys.stderr)
+        return 1
     return 0
 
 

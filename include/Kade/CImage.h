@@ -11,7 +11,8 @@ namespace Kade {
 /// Stands in for the callers' image class where that library is absent: a non-owning view of a byte volume.
 ///
 /// Voxel (x, y, z) is `firstVoxel()[x * increments().x + y * increments().y + z * increments().z]`. The buffer must
-/// outlive the view. Never throws.
+/// outlive the view. A scan refuses a view with an increment that 32 bits do not hold, such as a dense one with slices
+/// of 2^31 voxels or more. Never throws.
 class CImage {
   public:
     /// Views a dense volume: x runs fastest, then y, then z. `size` is in voxels.
@@ -19,7 +20,7 @@ class CImage {
         : CImage(firstVoxel, size,
                  {1, static_cast<std::ptrdiff_t>(size.x), static_cast<std::ptrdiff_t>(size.x) * size.y}) {}
 
-    /// Views a volume with any layout; `increments` are counted in voxels.
+    /// Views a volume with any layout; `increments` are counted in voxels and may be negative.
     CImage(unsigned char const* firstVoxel, GLtVec3<int> const& size, GLtVec3<std::ptrdiff_t> const& increments)
         : _firstVoxel(firstVoxel), _size(size), _increments(increments) {}
 

@@ -14,7 +14,7 @@ using tamo::isInside;
 using tamo::kNoVertex;
 
 // The two largest cases: a fan from the wrong vertex folds over or runs into a face of the cell, and around a diagonal
-// that the shape itself contains no single fan exists. docs/adjacency.md draws the shapes.
+// that the shape itself contains no single fan exists. docs/cases.md draws the shapes.
 
 namespace {
 

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include TAMO_CIMAGE_ADAPTER
-#include "CellScan.h"
-#include "SmallScan.h"
+#include "../scan/CellScan.h"
+#include "../scan/PlainScan.h"
+#include "../scan/SmallScan.h"
+#include "ScanArguments.h"
 
 #include <tamo/surface/TAMO.h>
 
@@ -10,11 +12,11 @@
 #include <iostream>
 #include <memory>
 #include <new>
-#include <optional>
+#include <string>
 
 namespace {
 
-constexpr char const* kAllocError = "wrapGlobal alloc error";
+namespace scan = tamo::scan;
 
 // Returns the list scaled to the size of the cells, or null, with a message, where it cannot be had.
 std::unique_ptr<GLObjectList> makeScaledList(GLObjectList const& objects, unsigned int step) {
@@ -25,12 +27,16 @@ std::unique_ptr<GLObjectList> makeScaledList(GLObjectList const& objects, unsign
         scaled = nullptr;
     }
     if (scaled && scaled->size() != objects.size()) {
-        std::cerr << "cList size mismatch: size=" << scaled->size() << std::endl;
+        // As text, which is decimal whatever the stream is set to.
+        std::string const size = std::to_string(scaled->size());
+        scaled.reset();
+        std::cerr << "cList size mismatch: size=" << size << std::endl;
         return nullptr;
     }
     // A null slot is an object that could not be allocated: the copy as a whole has failed.
     if (!scaled || std::find(scaled->begin(), scaled->end(), nullptr) != scaled->end()) {
-        std::cerr << kAllocError << std::endl;
+        scaled.reset();
+        std::cerr << "wrapGlobal alloc error" << std::endl;
         return nullptr;
     }
     return scaled;
@@ -64,42 +70,50 @@ class PositionTable {
     float operator()(std::int64_t cell) const { return _positions[cell + 1]; }
 
   private:
-    float _positions[tamo::SmallScan::kLongest];
+    float _positions[scan::SmallScan::kLongest];
 };
 
-// Returns what a scan calls with each column; it hands the column's cells to the receiver.
-template <typename Positions>
-auto handOver(GLObject* const* slots, Positions const& x, Positions const& y, Positions const& z,
-              IPolygonAggregator& aggregator) {
-    return [&, slots](std::int64_t cellX, std::int64_t cellY) {
-        return [&, slots, px = x(cellX), py = y(cellY)](unsigned char configuration, std::int64_t cellZ) {
-            aggregator.fetch(*slots[configuration], GLCoord3f(px, py, z(cellZ)));
-        };
-    };
-}
+// Takes the cut cells of a scan and hands their objects and positions to the caller's receiver.
+template <typename Positions> class CellDelivery {
+  public:
+    CellDelivery(GLObjectList const& objects, GLtVec3<Positions> const& positions, IPolygonAggregator& aggregator)
+        : _slots(&*objects.begin()), _positions(positions), _aggregator(aggregator) {}
 
-bool scanCells(tamo::SampleGrid const& grid, unsigned int step, GLtVec3<int> const& origin, GLObjectList const& objects,
+    void beginColumn(std::int64_t x, std::int64_t y) {
+        _x = _positions.x(x);
+        _y = _positions.y(y);
+    }
+
+    void takeCell(unsigned char configuration, std::int64_t z) {
+        _aggregator.fetch(*_slots[configuration], GLCoord3f(_x, _y, _positions.z(z)));
+    }
+
+  private:
+    GLObject* const* _slots;
+    GLtVec3<Positions> const& _positions;
+    IPolygonAggregator& _aggregator;
+    float _x = 0.0F;
+    float _y = 0.0F;
+};
+
+void scanCells(scan::SampleGrid const& grid, GLtVec3<AxisPositions> const& positions, GLObjectList const& objects,
                IPolygonAggregator& aggregator) {
-    GLObject* const* const slots = &*objects.begin();
-    AxisPositions const x(step, origin.x);
-    AxisPositions const y(step, origin.y);
-    AxisPositions const z(step, origin.z);
-    if (tamo::SmallScan::fits(grid)) {
-        PositionTable const xTable(x, grid.count.x);
-        PositionTable const yTable(y, grid.count.y);
-        PositionTable const zTable(z, grid.count.z);
-        tamo::SmallScan(grid).visitInOrder(handOver(slots, xTable, yTable, zTable, aggregator));
-        return true;
+    if (scan::SmallScan::fits(grid)) {
+        GLtVec3<PositionTable> const tables = {PositionTable(positions.x, grid.count.x),
+                                               PositionTable(positions.y, grid.count.y),
+                                               PositionTable(positions.z, grid.count.z)};
+        CellDelivery<PositionTable> delivery(objects, tables, aggregator);
+        scan::SmallScan(grid).handTo(delivery);
+        return;
     }
-    std::optional<tamo::CellScan> scan;
-    try {
-        scan.emplace(grid);
-    } catch (std::bad_alloc const&) {
-        std::cerr << kAllocError << std::endl;
-        return false;
+    CellDelivery<AxisPositions> delivery(objects, positions, aggregator);
+    scan::ReadPlan const plan = scan::makeReadPlan(grid);
+    scan::WorkSpace const space(grid, plan);
+    if (space.isTaken()) {
+        scan::CellScan(grid, plan, space).handTo(delivery);
+    } else {
+        scan::PlainScan(grid).handTo(delivery);
     }
-    scan->visitInOrder(handOver(slots, x, y, z, aggregator));
-    return true;
 }
 
 } // namespace
@@ -109,22 +123,30 @@ bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsig
                 IPolygonAggregator& aggregator) {
     // Receivers may keep what they get until `finish`: so long the scaled objects live.
     std::unique_ptr<GLObjectList> scaled;
-    bool result = false;
+    GLObjectList const* list = nullptr;
     aggregator.start();
     if (tamo::isScannable(data, step, extent, objects)) {
         if (step != 1) {
             scaled = makeScaledList(objects, step);
         }
-        GLObjectList const* const list = step != 1 ? scaled.get() : &objects;
-        result = list != nullptr && scanCells(tamo::makeSampleGrid(data, increments, step, origin, extent), step,
-                                              origin, *list, aggregator);
+        list = step != 1 ? scaled.get() : &objects;
+    }
+    if (list != nullptr) {
+        GLtVec3<AxisPositions> const positions = {AxisPositions(step, origin.x), AxisPositions(step, origin.y),
+                                                  AxisPositions(step, origin.z)};
+        scanCells(scan::makeSampleGrid(data, increments, step, origin, extent), positions, *list, aggregator);
     }
     aggregator.finish();
-    return result;
+    return list != nullptr;
 }
 
 bool wrapGlobal(Kade::CImage const& image, unsigned int step, GLObjectList const& objects,
                 IPolygonAggregator& aggregator) {
-    return wrapGlobal(imageFirstVoxel(image), imageIncrements(image), step, {0, 0, 0}, imageSize(image), objects,
-                      aggregator);
+    auto const increments = tamo::scanIncrements(imageIncrements(image));
+    if (!increments) {
+        aggregator.start();
+        aggregator.finish();
+        return false;
+    }
+    return wrapGlobal(imageFirstVoxel(image), *increments, step, {0, 0, 0}, imageSize(image), objects, aggregator);
 }

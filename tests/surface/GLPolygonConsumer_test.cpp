@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <type_traits>
 
 namespace {
 
@@ -70,6 +71,9 @@ TEST_F(GLPolygonConsumerTest, DefaultConstructionOpensListZeroToo) {
     GLPolygonConsumer const consumer;
     EXPECT_EQ(takeGlCalls(), Calls{newList(0)});
 }
+
+// A list name stands for its consumer, as in `GLPolygonConsumer consumer = list`.
+static_assert(std::is_convertible_v<int, GLPolygonConsumer>);
 
 TEST_F(GLPolygonConsumerTest, SetListOpensTheListAndKeepsItsName) {
     GLPolygonConsumer consumer(0);

@@ -150,6 +150,15 @@ TEST_F(GetGLDataInfo, ASingleVoxelCountsTheObjectsOfItsEightCorners) {
     expectCounts(info, expected);
 }
 
+TEST_F(GetGLDataInfo, PolygonsOfTwoVerticesCountWithoutATriangle) {
+    makeEmptyList(list);
+    addPolygon(list, 255, 2);
+    addPolygon(list, 255, 2);
+    // 2 x 2 x 2 full cells.
+    EXPECT_TRUE(count(PlainVolume::filled({3, 3, 3}, 1), {1, {0, 0, 0}, {3, 3, 3}}));
+    expectCounts(info, {2 * 8, 0, 2 * 2 * 8});
+}
+
 TEST_F(GetGLDataInfo, FewerThanTwoVerticesWrapInThirtyTwoBits) {
     makeEmptyList(list);
     addPolygon(list, 0, 0);

@@ -5,8 +5,6 @@
 
 #include <tamo/surface/TAMO.h>
 
-#include <Kade/CImage.h>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -135,61 +133,6 @@ TEST_F(WrapGlobalPositions, StepsAreReadAsUnsigned) {
     ObjectCollector receiver;
     ASSERT_TRUE(wrapGlobal(&voxel, {0, 0, 0}, 4294967295U, {0, 0, 0}, {-1, -1, -1}, list, receiver));
     EXPECT_EQ(receiver.lastVertices, std::vector<GLVec3f>(8, GLVec3f(4294967296.0F, 2147483648.0F, 0.0F)));
-}
-
-class WrapGlobalImage : public WrapGlobalLists {};
-
-TEST_F(WrapGlobalImage, ScansTheWholeImageAsTheBufferForm) {
-    VolumeLayout layout;
-    layout.order = {2, 0, 1};
-    layout.backwards = {true, false, true};
-    layout.gap = 3;
-    Triple const size = {5, 7, 6};
-    PlainVolume volume({0, 0, 0}, size, layout);
-    for (int i = 0; i < 5 * 7 * 6; ++i) {
-        volume.at(i % 5, i / 5 % 7, i / 35) = i % 3 == 0 ? 1 : 0;
-    }
-    auto const [x, y, z] = volume.increments();
-    Kade::CImage const image(volume.data(), toVec3(size), {x, y, z});
-    for (unsigned int const step : {1U, 2U, 3U}) {
-        RecordingAggregator fromImage;
-        RecordingAggregator fromBuffer;
-        EXPECT_TRUE(wrapGlobal(image, step, list, fromImage));
-        EXPECT_TRUE(wrapGlobal(volume.data(), {x, y, z}, step, {0, 0, 0}, toVec3(size), list, fromBuffer));
-        EXPECT_TRUE(fromImage.wasDrivenInOrder());
-        EXPECT_EQ(fromImage.emissions, fromBuffer.emissions);
-        EXPECT_FALSE(fromImage.emissions.empty());
-    }
-}
-
-TEST_F(WrapGlobalImage, ADenseImageRunsAlongXThenYThenZ) {
-    PlainVolume volume = PlainVolume::filled({4, 3, 2}, 0);
-    volume.at(1, 1, 1) = 1;
-    RecordingAggregator receiver;
-    EXPECT_TRUE(wrapGlobal(Kade::CImage(volume.data(), {4, 3, 2}), 1, list, receiver));
-    EXPECT_EQ(receiver.emissions.size(), 8U);
-    EXPECT_EQ(receiver.emissions.front(), (Emission{128, {0, 0, 0}}));
-}
-
-TEST_F(WrapGlobalImage, IncrementsAreTakenAsThirtyTwoBits) {
-    constexpr std::ptrdiff_t kWrapsToZero = std::ptrdiff_t{1} << 32;
-    unsigned char const voxels[] = {1, 0, 0, 1};
-    RecordingAggregator receiver;
-    Kade::CImage const image(voxels, {2, 2, 1}, {kWrapsToZero + 1, kWrapsToZero + 2, kWrapsToZero});
-    EXPECT_TRUE(wrapGlobal(image, 1, list, receiver));
-    RecordingAggregator plain;
-    EXPECT_TRUE(wrapGlobal(voxels, {1, 2, 0}, 1, {0, 0, 0}, {2, 2, 1}, list, plain));
-    EXPECT_EQ(receiver.emissions, plain.emissions);
-}
-
-TEST_F(WrapGlobalImage, RefusesWhatTheBufferFormRefuses) {
-    unsigned char const voxel = 1;
-    RecordingAggregator empty;
-    EXPECT_FALSE(wrapGlobal(Kade::CImage(nullptr, {1, 1, 1}), 1, list, empty));
-    EXPECT_TRUE(empty.wasDrivenInOrder());
-    RecordingAggregator tooLarge;
-    EXPECT_FALSE(wrapGlobal(Kade::CImage(&voxel, {1, 1, 1}), 2, list, tooLarge));
-    EXPECT_TRUE(tooLarge.wasDrivenInOrder());
 }
 
 } // namespace

@@ -12,7 +12,7 @@
 class TAMO_EXPORT GLPolygonConsumer : public IPolygonAggregator {
   public:
     /// Opens display list `list` (a name from `glGenLists`) for compilation.
-    explicit GLPolygonConsumer(int list = 0);
+    GLPolygonConsumer(int list = 0);
     /// Copies the list name; calls nothing of OpenGL.
     GLPolygonConsumer(GLPolygonConsumer const&) = default;
     GLPolygonConsumer& operator=(GLPolygonConsumer const&) = default;

@@ -6,10 +6,16 @@
 
 #include <tamo/geometry/GLtVec3.h>
 
-inline GLtVec3<int> toInts(std::array<long, 3> const& v) {
-    return {static_cast<int>(v[0]), static_cast<int>(v[1]), static_cast<int>(v[2])};
+#include <cstddef>
+
+inline GLtVec3<int> imageSize(Kade::CImage const& image) {
+    auto const& shape = image.shape();
+    return {static_cast<int>(shape[0]), static_cast<int>(shape[1]), static_cast<int>(shape[2])};
 }
 
-inline GLtVec3<int> imageSize(Kade::CImage const& image) { return toInts(image.shape()); }
-inline GLtVec3<int> imageIncrements(Kade::CImage const& image) { return toInts(image.strides()); }
+inline GLtVec3<std::ptrdiff_t> imageIncrements(Kade::CImage const& image) {
+    auto const strides = image.strides();
+    return {strides[0], strides[1], strides[2]};
+}
+
 inline unsigned char const* imageFirstVoxel(Kade::CImage const& image) { return image.data(); }

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace tamo {
+namespace tamo::scan {
 
 /// Reads eight neighbouring bytes, the first into the least significant.
 inline std::uint64_t loadEight(unsigned char const* bytes) {
@@ -150,4 +150,4 @@ BitTile packRuns(Run const& run, unsigned char const* first, std::ptrdiff_t side
     return bits;
 }
 
-} // namespace tamo
+} // namespace tamo::scan

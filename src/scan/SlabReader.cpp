@@ -6,10 +6,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <limits>
 #include <type_traits>
 
-namespace tamo {
+namespace tamo::scan {
 
 namespace {
 
@@ -34,10 +33,6 @@ template <typename ReadSamples> void withCount(std::int64_t place, std::int64_t 
         read(static_cast<unsigned int>(count - place));
     }
 }
-
-// Memory comes in lines, and these in pairs: on common machines a line alone costs as much as the whole pair.
-constexpr std::int64_t kLine = 64;
-constexpr std::int64_t kLinePair = 2 * kLine;
 
 // Addresses are numbers where they may lie outside of the volume: a prefetch of what is not there does nothing.
 std::uintptr_t asAddress(std::ptrdiff_t distance) { return static_cast<std::uintptr_t>(distance); }
@@ -87,94 +82,26 @@ class RowsAhead {
     std::int64_t _next = 0;
 };
 
-// Returns how many samples from `sample` on, `stride` apart, lie in its pair of lines.
-std::int64_t samplesInPair(unsigned char const* sample, std::ptrdiff_t stride) {
-    auto const place = static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(sample) % kLinePair);
-    return (stride < 0 ? place : kLinePair - 1 - place) / std::max(std::abs(stride), std::ptrdiff_t{1}) + 1;
-}
-
 } // namespace
 
-SlabReader::SlabReader(SampleGrid const& grid)
-    : _grid(grid), _axis(Axis::kX), _stride(0), _slabsPerRead(1), _slabsOfFirstRead(1), _asksAhead(false) {
-    findNearestNeighbors();
-    chooseSlabsPerRead();
-    chooseWhatToAskFor();
-    _read = readerOfRuns();
-}
-
-// Finds the axis whose neighbours are nearest in memory, of those that are long enough for a run.
-void SlabReader::findNearestNeighbors() {
-    std::ptrdiff_t nearest = std::numeric_limits<std::ptrdiff_t>::max();
-    auto const consider = [&](Axis axis, std::int64_t count, std::ptrdiff_t stride) {
-        if (count >= kTileSide && std::abs(stride) < nearest) {
-            nearest = std::abs(stride);
-            _axis = axis;
-            _stride = stride;
-        }
-    };
-    consider(Axis::kX, _grid.count.x, _grid.stride.x);
-    consider(Axis::kY, _grid.count.y, _grid.stride.y);
-    consider(Axis::kZ, _grid.count.z, _grid.stride.z);
-}
-
-void SlabReader::chooseSlabsPerRead() {
-    auto const slabsIn = [&](std::int64_t voxels) {
-        std::int64_t const toNextSlab = std::max(std::abs(_grid.stride.y), std::ptrdiff_t{1});
-        return std::clamp(voxels / toNextSlab / kTileSide * kTileSide, kTileSide, kLinePair);
-    };
-    if (_axis == Axis::kY) {
-        // As many slabs as voxels come together: with fewer, memory would be fetched more than once.
-        constexpr std::int64_t kPieceOfRow = 1024;
-        _slabsPerRead = slabsIn(kPieceOfRow);
-        // After the first read all start with a pair of lines, or near it, if rows do.
-        _slabsOfFirstRead = std::abs(_stride) <= kLine ? samplesInPair(_grid.first, _stride) : _slabsPerRead;
-    } else {
-        if (std::abs(_grid.stride.y) < std::max(std::abs(_grid.stride.x), std::abs(_grid.stride.z))) {
-            // Rows of several slabs lie side by side: together they are long enough for the hardware to prefetch.
-            constexpr std::int64_t kPieceOfRows = 1024;
-            _slabsPerRead = slabsIn(kPieceOfRows);
-        }
-        _slabsOfFirstRead = _slabsPerRead;
-    }
-    _slabsPerRead = std::min(_slabsPerRead, _grid.count.y);
-}
-
-// Decides whether the lines of the next slab, or of the next block, are asked for ahead of their use.
-void SlabReader::chooseWhatToAskFor() {
-    std::int64_t const distance = std::abs(_stride);
-    if (_axis == Axis::kY) {
-        // Rows that share a line are one piece of memory, which the hardware prefetches by itself. Samples more than a
-        // line apart need few of the lines between the first and the last.
-        bool const isOnePiece = std::min(std::abs(_grid.stride.x), std::abs(_grid.stride.z)) <= kLine;
-        _asksAhead = distance <= kLine && !isOnePiece;
-        return;
-    }
-    // A step leaves out rows and whole slabs, which ends the streams that the hardware follows. Contiguous samples do
-    // without: with so little to read in a line, prefetching costs more than it gains.
-    bool const isSpread = distance > 1 && distance * kTileSide <= kLine;
-    // What is read between asking and use must not push out what was asked for.
-    constexpr std::int64_t kMostAhead = 1 << 20;
-    std::int64_t const rows = _slabsPerRead > 1 ? kTileSide : _axis == Axis::kX ? _grid.count.z : _grid.count.x;
-    std::int64_t const samples = _axis == Axis::kX ? _grid.count.x : _grid.count.z;
-    _asksAhead = isSpread && rows <= kMostAhead / kLine && samples <= kMostAhead / (rows * distance);
-}
+SlabReader::SlabReader(SampleGrid const& grid, ReadPlan const& plan)
+    : _grid(grid), _plan(plan), _read(readerOfRuns()) {}
 
 // Asks for the lines of the next slab that lie as those of the runs at `first` do, in `rows` rows, `apart` from each
 // other; `place` is the runs' distance from the start of their rows.
 void SlabReader::askForNextSlab(unsigned char const* first, std::ptrdiff_t place, std::ptrdiff_t apart,
                                 unsigned int rows) const {
-    bool const isFirstOfLine = asAddress(place) % kLine < asAddress(kTileSide * std::abs(_stride));
+    bool const isFirstOfLine = asAddress(place) % kLine < asAddress(kTileSide * std::abs(_plan.stride));
     for (unsigned int j = 0; isFirstOfLine && j < rows; ++j) {
         prefetch(reinterpret_cast<std::uintptr_t>(first) + asAddress(_grid.stride.y) + j * asAddress(apart));
     }
 }
 
 template <typename Run> SlabReader::Read SlabReader::readerOf() const {
-    switch (_axis) {
-    case Axis::kX:
+    switch (_plan.axis) {
+    case ReadPlan::Axis::kX:
         return &SlabReader::readAlongX<Run>;
-    case Axis::kY:
+    case ReadPlan::Axis::kY:
         return &SlabReader::readAlongY<Run>;
     default:
         return &SlabReader::readAlongZ<Run>;
@@ -182,7 +109,7 @@ template <typename Run> SlabReader::Read SlabReader::readerOf() const {
 }
 
 SlabReader::Read SlabReader::readerOfRuns() const {
-    switch (std::abs(_stride)) {
+    switch (std::abs(_plan.stride)) {
     case 1:
         return readerOf<NearRun<1>>();
     case 2:
@@ -197,10 +124,10 @@ SlabReader::Read SlabReader::readerOfRuns() const {
 }
 
 template <typename Run> void SlabReader::readAlongX(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
-    Run const run(_stride);
+    Run const run(_plan.stride);
     // Copies, as the compiler cannot tell that no tile is written over the originals.
     SampleGrid const grid = _grid;
-    bool const asksAhead = _asksAhead;
+    bool const asksAhead = _plan.asksAhead;
     for (std::int64_t z = 0; z < grid.count.z; z += kTileSide) {
         withCount(z, grid.count.z, [&](auto planes) {
             for (std::int64_t i = y; i < y + count; ++i) {
@@ -221,9 +148,9 @@ template <typename Run> void SlabReader::readAlongX(std::int64_t y, std::int64_t
 }
 
 template <typename Run> void SlabReader::readAlongZ(std::int64_t y, std::int64_t count, SlabRing const& ring) const {
-    Run const run(_stride);
+    Run const run(_plan.stride);
     SampleGrid const grid = _grid;
-    bool const asksAhead = _asksAhead;
+    bool const asksAhead = _plan.asksAhead;
     for (std::int64_t x = 0; x < grid.count.x; x += kTileSide) {
         withCount(x, grid.count.x, [&](auto lanes) {
             for (std::int64_t i = y; i < y + count; ++i) {
@@ -264,12 +191,12 @@ template <typename Run> void SlabReader::readAlongY(std::int64_t y, std::int64_t
 template <typename Run>
 void SlabReader::readBlockAlongY(GLtVec3<std::int64_t> const& block, GLtVec3<std::int64_t> const& next,
                                  std::int64_t count, SlabRing const& ring) const {
-    Run const run(_stride);
+    Run const run(_plan.stride);
     std::int64_t const y = block.y;
     std::int64_t const tileInSlab = block.x / kTileSide * ring.octets + block.z / kTileSide;
     auto const lanes = std::min(kTileSide, _grid.count.x - block.x);
     bool const hasNext = next.x < _grid.count.x && next.z < _grid.count.z;
-    bool const asksAhead = _asksAhead && hasNext;
+    bool const asksAhead = _plan.asksAhead && hasNext;
     RowsAhead ahead(asksAhead ? reinterpret_cast<std::uintptr_t>(_grid.at(next.x, y, next.z)) : 0, count,
                     std::min(kTileSide, _grid.count.x - next.x), std::min(kTileSide, _grid.count.z - next.z),
                     _grid.stride);
@@ -294,4 +221,4 @@ void SlabReader::readBlockAlongY(GLtVec3<std::int64_t> const& block, GLtVec3<std
     });
 }
 
-} // namespace tamo
+} // namespace tamo::scan

@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "../objects/Configurations.h"
 #include "BitTile.h"
+#include "CellOrder.h"
 #include "SampleGrid.h"
 
 #include <algorithm>
 #include <cstdint>
 
-namespace tamo {
+namespace tamo::scan {
 
 /// Does what `CellScan` does for grids so small that its preparations would take longer than the scan.
 ///
@@ -33,13 +35,13 @@ class SmallScan {
                 for (std::int64_t z = _count.z; z-- > 0;) {
                     samples = samples << kBits | (*grid.at(x, y, z) & 1U);
                 }
-                _columns[place(x, y)] = samples;
+                _columns[place({x, y})] = samples;
             }
         }
     }
 
     /// Returns how many samples are foreground.
-    [[nodiscard]] std::uint64_t foreground() const {
+    [[nodiscard]] std::uint64_t countForeground() const {
         std::uint64_t sum = 0;
         for (std::int64_t i = 0; i < _row * (_count.y + 2); ++i) {
             sum += countBits(_columns[i]);
@@ -47,34 +49,21 @@ class SmallScan {
         return sum;
     }
 
-    /// Visits the cut cells in the order, and by the means, of `CellScan::visitInOrder`.
-    template <typename BeginColumn> void visitInOrder(BeginColumn const& beginColumn) const {
-        std::int64_t const lastX = _count.x - 1;
-        std::int64_t const lastY = _count.y - 1;
-        for (std::int64_t y = 0; y < lastY; ++y) {
-            for (std::int64_t x = 0; x < lastX; ++x) {
-                visitColumn(x, y, beginColumn);
+    /// Hands every cut cell to the receiver once, in the order of CellOrder.h.
+    template <typename Receiver> void handTo(Receiver& receiver) const {
+        forEachRow(_count, [&](CellRow row, std::int64_t columns) {
+            for (std::int64_t i = 0; i < columns; ++i) {
+                handColumn(row.column(i), receiver);
             }
-        }
-        for (std::int64_t x = 0; x < lastX; ++x) {
-            visitColumn(x, lastY, beginColumn);
-        }
-        for (std::int64_t y = 0; y < lastY; ++y) {
-            visitColumn(lastX, y, beginColumn);
-        }
-        for (std::int64_t x = 0; x < lastX; ++x) {
-            visitColumn(x, -1, beginColumn);
-        }
-        for (std::int64_t y = 0; y < lastY; ++y) {
-            visitColumn(-1, y, beginColumn);
-        }
-        std::uint64_t const corners[] = {cells(-1, -1), cells(-1, lastY), cells(lastX, -1), cells(lastX, lastY)};
+        });
+        std::array<CellColumn, 4> const corners = cornerColumns(_count);
+        std::array<std::uint64_t, 4> const left = {cells(corners[0]), cells(corners[1]), cells(corners[2]),
+                                                   cells(corners[3])};
         for (std::int64_t z = -1; z < _count.z; ++z) {
-            unsigned int const shift = kBits * static_cast<unsigned int>(z + 1);
-            visitIfCut(corners[0] >> shift, z, beginColumn(-1, -1));
-            visitIfCut(corners[1] >> shift, z, beginColumn(-1, lastY));
-            visitIfCut(corners[2] >> shift, z, beginColumn(lastX, -1));
-            visitIfCut(corners[3] >> shift, z, beginColumn(lastX, lastY));
+            for (std::size_t i = 0; i < corners.size(); ++i) {
+                receiver.beginColumn(corners[i].x, corners[i].y);
+                handIfCut(left[i] >> kBits * static_cast<unsigned int>(z + 1), z, receiver);
+            }
         }
     }
 
@@ -83,35 +72,35 @@ class SmallScan {
     static constexpr unsigned int kBits = 4;
     /// One plane less than a word has room for: below the first there is one of background.
     static constexpr std::int64_t kMostPlanes = 64 / kBits - 1;
+    /// 2.4 KiB of stack: a cube of 15 samples a side with its border.
     static constexpr std::int64_t kMostColumns = 300;
 
     /// Columns are kept with a border of background around them.
-    [[nodiscard]] std::int64_t place(std::int64_t x, std::int64_t y) const { return (y + 1) * _row + x + 1; }
+    [[nodiscard]] std::int64_t place(CellColumn column) const { return (column.y + 1) * _row + column.x + 1; }
 
     /// Returns a column of cells from the lowest up: each `kBits` above the one before, and in the lowest byte then.
-    [[nodiscard]] std::uint64_t cells(std::int64_t x, std::int64_t y) const {
-        std::uint64_t const* const column = _columns + place(x, y);
+    [[nodiscard]] std::uint64_t cells(CellColumn cellColumn) const {
+        std::uint64_t const* const column = _columns + place(cellColumn);
         std::uint64_t const planes = column[0] | column[1] << 1U | column[_row] << 2U | column[_row + 1] << 3U;
         return planes << kBits;
     }
 
-    template <typename BeginColumn>
-    void visitColumn(std::int64_t x, std::int64_t y, BeginColumn const& beginColumn) const {
-        std::uint64_t left = cells(x, y);
+    template <typename Receiver> void handColumn(CellColumn column, Receiver& receiver) const {
+        std::uint64_t left = cells(column);
         if (left == 0) {
             return;
         }
-        auto const visit = beginColumn(x, y);
+        receiver.beginColumn(column.x, column.y);
         for (std::int64_t z = -1; left != 0; left >>= kBits, ++z) {
-            visitIfCut(left, z, visit);
+            handIfCut(left, z, receiver);
         }
     }
 
     /// Takes the lowest byte for the configuration.
-    template <typename Visit> static void visitIfCut(std::uint64_t cells, std::int64_t z, Visit const& visit) {
+    template <typename Receiver> static void handIfCut(std::uint64_t cells, std::int64_t z, Receiver& receiver) {
         auto const configuration = static_cast<unsigned char>(cells);
-        if (configuration != 0 && configuration != 255) {
-            visit(configuration, z);
+        if (configuration != 0 && configuration != kFullCell) {
+            receiver.takeCell(configuration, z);
         }
     }
 
@@ -120,4 +109,4 @@ class SmallScan {
     std::uint64_t _columns[kMostColumns];
 };
 
-} // namespace tamo
+} // namespace tamo::scan

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace tamo {
+namespace tamo::scan {
 
 /// 64 samples or cells as bits: 8 lanes along one axis of the volume, one a byte, by 8 planes along z, one a bit.
 ///
@@ -87,4 +87,4 @@ inline void transposeLanes(BitTile (&words)[kTileSide]) {
     exchangeBlocks<1, 8>(words, 0x00FF00FF00FF00FFU);
 }
 
-} // namespace tamo
+} // namespace tamo::scan
