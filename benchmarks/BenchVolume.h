@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "plain_walk.h"
+#include "support/oracle/plainWalk.h"
 
 #include <cstddef>
 #include <string>

@@ -4,11 +4,13 @@
 #include "Receivers.h"
 #include "registrations.h"
 
-#include "support/opengl/OffscreenContext.h"
+#include "picture/OffscreenContext.h"
 
 #include <tamo/surface/GLPolygonConsumer.h>
 
 #include <benchmark/benchmark.h>
+
+#include <GL/gl.h>
 
 #include <memory>
 
@@ -66,7 +68,7 @@ class PreparingReceiver : public IPolygonAggregator {
 class Scene {
   public:
     explicit Scene(std::string const& brainFile)
-        : _context(512), _volume(makeBrain(kSide, brainFile), {"x", {0, 1, 2}}), name(glGenLists(1)) {
+        : _context(512, 512), _volume(makeBrain(kSide, brainFile), {"x", {0, 1, 2}}), name(glGenLists(1)) {
         GLObjectListForNeighborhood(Neighborhood::N14II, _objects);
         glOrtho(0, kSide, 0, kSide, -kSide, kSide);
         glEnable(GL_DEPTH_TEST);
@@ -85,7 +87,7 @@ class Scene {
     }
 
   private:
-    test::OffscreenContext _context;
+    picture::OffscreenContext _context;
     BenchVolume _volume;
     GLObjectList _objects;
 

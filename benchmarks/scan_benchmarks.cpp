@@ -105,8 +105,10 @@ void wrapPlainly(plain::ScanArguments const& a, IPolygonAggregator& receiver) {
     plain::wrapGlobal(a, stage().objects(), receiver);
 }
 
+unsigned int stepsAlong(int extent, unsigned int step) { return static_cast<unsigned int>(extent) / step; }
+
 void tellSamples(benchmark::State& state, plain::ScanArguments const& a) {
-    auto const along = [&a](int extent) { return static_cast<double>(static_cast<unsigned int>(extent) / a.step); };
+    auto const along = [&a](int extent) { return static_cast<double>(stepsAlong(extent, a.step)); };
     state.counters["samples"] = along(a.extent.x) * along(a.extent.y) * along(a.extent.z);
 }
 
@@ -117,7 +119,7 @@ void count(benchmark::State& state, plain::ScanArguments const& a,
         receiver.cells = 0;
         scan(a, receiver);
     }
-    auto const along = [&a](int extent) { return static_cast<double>(static_cast<unsigned int>(extent) / a.step + 1); };
+    auto const along = [&a](int extent) { return static_cast<double>(stepsAlong(extent, a.step) + 1); };
     state.counters["cells"] = static_cast<double>(receiver.cells);
     state.counters["share"] =
         static_cast<double>(receiver.cells) / (along(a.extent.x) * along(a.extent.y) * along(a.extent.z));

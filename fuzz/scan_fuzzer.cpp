@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "benchmarks/plain_walk.h"
 #include "tests/support/RecordingAggregator.h"
+#include "tests/support/oracle/plainWalk.h"
 #include "tests/support/volumes/PlainVolume.h"
 
 #include <cstdlib>

@@ -4,13 +4,20 @@
 
 #include <tamo/conn/GLConn.h>
 
+#include <algorithm>
+#include <initializer_list>
 #include <iostream>
+#include <iterator>
 #include <memory>
+#include <string>
+#include <string_view>
 
+using tamo::appendOwned;
 using tamo::isInside;
+using tamo::kConfigurationCount;
 using tamo::kFullCell;
 
-// The order within a list counts: where an entry and its complement are both listed, the later one writes last.
+// The order within a list counts: where an entry and its complement are both listed, the later one wins.
 
 // Three corners of one face.
 unsigned char const GLConn::_case7[24] = {0x07, 0x0b, 0x0d, 0x0e, 0x70, 0xd0, 0xb0, 0xe0, 0xa8, 0x8a, 0xa2, 0x2a,
@@ -28,7 +35,18 @@ unsigned char const GLConn::_case75[9] = {0x4b, 0x59, 0x63, 0x39, 0x2d, 0x65, 0x
 
 float const GLConn::_epsilon = 1e-6F;
 
-GLConn::GLConn(Neighborhood::NHConfig config) : _caseLut(kFullCell + 1) {
+namespace {
+
+// Writes texts as they are: the base, width and locale that the stream's owner has set neither show in them nor change.
+void writeTexts(std::ostream& stream, std::initializer_list<std::string_view> texts) {
+    for (std::string_view const text : texts) {
+        stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+    }
+}
+
+} // namespace
+
+GLConn::GLConn(Neighborhood::NHConfig config) : _caseLut(kConfigurationCount) {
     _fgObjects.reserve(4);
     _bgObjects.reserve(4);
     setupConn(config);
@@ -41,36 +59,30 @@ bool GLConn::setupConn(Neighborhood::NHConfig config) {
         if (!setupNeighborhood(config) || !setupProp()) {
             return false;
         }
-        setupCaseLut();
+        _caseLut.assign(kConfigurationCount, kDefaultCase);
+        auto const write = [this](unsigned int shape, unsigned int code) {
+            _caseLut[shape] = code;
+            _caseLut[kFullCell - shape] = code | kInverted;
+        };
+        auto const writeAll = [&write](auto const& shapes, unsigned int code) {
+            std::for_each(std::begin(shapes), std::end(shapes), [&](unsigned int shape) { write(shape, code); });
+        };
+        for (unsigned int corner = 0; corner < tamo::kCornerCount; ++corner) {
+            write(1U << corner, kPixelCase);
+        }
+        writeAll(_case7, kCase7);
+        writeAll(_case25, kCase25);
+        writeAll(_case27, kCase27);
+        writeAll(_case41, kCase41);
+        writeAll(_case75, kCase41);
+        // A link's type is its case code.
+        for (unsigned int i = 0; i < getConnSize(); ++i) {
+            write(getConn(i), getVInfo(i) & kTypeInfo);
+        }
     } catch (TamoException const& exception) {
         std::cerr << "cought exception:\"" << exception.what() << '"' << std::endl;
     }
     return true;
-}
-
-void GLConn::setupCaseLut() {
-    _caseLut.assign(kFullCell + 1, kDefaultCase);
-    auto const write = [this](unsigned int shape, unsigned int code) {
-        _caseLut[shape] = code;
-        _caseLut[kFullCell - shape] = code | kInverted;
-    };
-    auto const writeAll = [&write](auto const& shapes, unsigned int code) {
-        for (unsigned char const shape : shapes) {
-            write(shape, code);
-        }
-    };
-    for (unsigned int corner = 0; corner < 8; ++corner) {
-        write(1U << corner, kPixelCase);
-    }
-    writeAll(_case7, kCase7);
-    writeAll(_case25, kCase25);
-    writeAll(_case27, kCase27);
-    writeAll(_case41, kCase41);
-    writeAll(_case75, kCase41);
-    // A link's type is its case code.
-    for (unsigned int i = 0; i < getConnSize(); ++i) {
-        write(getConn(i), getVInfo(i) & kTypeInfo);
-    }
 }
 
 void GLConn::printCaseLut(int i) {
@@ -99,10 +111,10 @@ void GLConn::printCaseLut(int i) {
         }
     };
     unsigned int const word = _caseLut[static_cast<std::size_t>(i)];
-    std::cout << "caselut[" << i << "]:" << name(word & kCodeBits);
     constexpr unsigned int kConnBit = 0x400;
-    std::cout << ((word & kConnBit) != 0 ? " Conn" : "") << ((word & kForegroundInfo) != 0 ? " FgConn" : "")
-              << ((word & kBackgroundInfo) != 0 ? " BgConn" : "") << ((word & kInverted) != 0 ? " inv" : "");
+    writeTexts(std::cout, {"caselut[", std::to_string(i), "]:", name(word & kCodeBits),
+                           (word & kConnBit) != 0 ? " Conn" : "", (word & kForegroundInfo) != 0 ? " FgConn" : "",
+                           (word & kBackgroundInfo) != 0 ? " BgConn" : "", (word & kInverted) != 0 ? " inv" : ""});
 }
 
 unsigned int GLConn::getPolygonDesc(GLPolygonDesc& desc, unsigned char fg, unsigned char bg) {
@@ -128,38 +140,29 @@ void GLConn::wrapLocal(Neighborhood::NHConfig config, GLObjectList* list, bool r
         return;
     }
     list->clear();
-    list->reserve(kFullCell + 1);
+    list->reserve(kConfigurationCount);
     GLPolygonDesc desc(_mid, static_cast<unsigned char>(getConnSize()));
-    for (unsigned int configuration = 0; configuration <= kFullCell; ++configuration) {
-        auto owned = std::make_unique<GLObject>();
-        list->push_back(owned.get());
-        GLObject& object = *owned.release();
-        // The full cell has no background to be parted from.
-        if (configuration == kFullCell) {
-            break;
+    for (unsigned int configuration = 0; configuration < kFullCell; ++configuration) {
+        GLObject& object = appendOwned(*list, std::make_unique<GLObject>());
+        getFgObjects(static_cast<unsigned char>(configuration), _fgObjects);
+        getBgObjects(static_cast<unsigned char>(configuration), _bgObjects);
+        for (unsigned char const fg : _fgObjects) {
+            for (unsigned char const bg : _bgObjects) {
+                unsigned int const vinfo = getPolygonDesc(desc, fg, bg);
+                if (desc.count > 0) {
+                    sortCCW(&object, desc, vinfo, fg, bg);
+                } else {
+                    writeTexts(std::cerr, {"conf:", std::to_string(configuration), " no polygon created!"});
+                    std::cerr << std::endl;
+                }
+            }
         }
-        wrapConfiguration(static_cast<unsigned char>(configuration), object, desc);
         if (recomputeNormals) {
-            for (GLPolygon* polygon : object) {
-                polygon->setNormals();
-            }
+            std::for_each(object.begin(), object.end(), [](GLPolygon* polygon) { polygon->setNormals(); });
         }
     }
-}
-
-void GLConn::wrapConfiguration(unsigned char configuration, GLObject& object, GLPolygonDesc& desc) {
-    getFgObjects(configuration, _fgObjects);
-    getBgObjects(configuration, _bgObjects);
-    for (unsigned char const fg : _fgObjects) {
-        for (unsigned char const bg : _bgObjects) {
-            unsigned int const vinfo = getPolygonDesc(desc, fg, bg);
-            if (desc.count > 0) {
-                sortCCW(&object, desc, vinfo, fg, bg);
-            } else {
-                std::cerr << "conf:" << static_cast<int>(configuration) << " no polygon created!" << std::endl;
-            }
-        }
-    }
+    // The full cell has no background to be separated from.
+    appendOwned(*list, std::make_unique<GLObject>());
 }
 
 bool GLConn::sortCCW(GLObject* obj, GLPolygonDesc& desc, unsigned int vinfo, unsigned char fg, unsigned char bg) {

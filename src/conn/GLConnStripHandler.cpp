@@ -13,7 +13,7 @@ void repeatVertex(GLPolygonDesc& desc, unsigned int k) {
 
 } // namespace
 
-// Two corners on a space diagonal hang together through the cell's centre alone: the surface is a tube around the
+// Two corners on a space diagonal are connected through the cell's centre alone: the surface is a tube around the
 // diagonal, cut open into one strip that ends where it begins.
 bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vinfo*/, unsigned char fg,
                           unsigned char /*bg*/, bool inv, bool /*sdiag*/) {
@@ -30,7 +30,7 @@ bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vin
         desc.strip = true;
         desc.fan = false;
         desc.ccw = true;
-        tamo::appendPolygon(*obj, desc);
+        tamo::appendOwned(*obj, desc.createPolygon());
         return true;
     }
 
@@ -50,6 +50,6 @@ bool GLConn::handleCSDiag(GLObject* obj, GLPolygonDesc& desc, unsigned int /*vin
         }
     }
     desc.ccw = true;
-    tamo::appendPolygon(*obj, desc);
+    tamo::appendOwned(*obj, desc.createPolygon());
     return true;
 }

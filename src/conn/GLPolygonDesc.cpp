@@ -6,11 +6,13 @@
 #include <cmath>
 #include <cstdlib>
 #include <iostream>
+#include <limits>
 #include <utility>
 
 namespace {
 
 constexpr unsigned char kMaxVertices = 26;
+constexpr unsigned int kMaxCount = std::numeric_limits<unsigned char>::max();
 constexpr double kPi = 3.141592653589793;
 constexpr double kTwoPi = 6.283185307179586;
 constexpr GLVec3f kCellCentre(0.5F, 0.5F, 0.5F);
@@ -54,6 +56,76 @@ class Turn {
     float _referenceLength;
 };
 
+[[noreturn]] void stop(char const* message) {
+    std::cerr << message << std::endl;
+    std::abort();
+}
+
+// Makes room for `places` vertices. There is a place for each link; more are needed where a link was removed or stands
+// twice.
+void ensurePlaces(GLPolygonDesc& desc, unsigned int places) {
+    if (desc.conn.size() < places) {
+        desc.conn.resize(places);
+    }
+    if (desc.normalIndex.size() < places) {
+        desc.normalIndex.resize(places);
+    }
+}
+
+// Repeats vertex 1 at the end, whether or not there is one.
+void repeatFirstOfRim(GLPolygonDesc& desc) {
+    if (desc.count == kMaxCount) {
+        stop("GLPolygonDesc::arrange too many vertices");
+    }
+    ensurePlaces(desc, std::max(desc.count + 1U, 2U));
+    desc.conn[desc.count] = desc.conn[1];
+    desc.normalIndex[desc.count] = desc.normalIndex[1];
+    ++desc.count;
+}
+
+// Swaps a vertex on the centroid or the cell centre to the front and returns where it stood; sets `hasCentre`. Where
+// `axis` is zero, that vertex's normal takes its place.
+unsigned char moveCentreToFront(GLPolygonDesc& desc, GLVec3f& axis) {
+    desc.hasCentre = false;
+    for (unsigned char k = 0; k < desc.count; ++k) {
+        if (desc.position(k) != desc.centre && desc.position(k) != kCellCentre) {
+            continue;
+        }
+        desc.hasCentre = true;
+        if (axis == GLVec3f()) {
+            axis = desc.normal(k);
+        }
+        if (k != 0) {
+            desc.swapVertices(0, k);
+        }
+        return k;
+    }
+    return 0;
+}
+
+void sortByAngle(GLPolygonDesc& desc, unsigned int start, GLVec3f const& axis) {
+    if (start >= desc.count) {
+        return;
+    }
+    Turn const turn(axis, desc.centre, desc.position(start));
+    std::array<double, kMaxCount> angles;
+    for (unsigned int j = start + 1; j < desc.count; ++j) {
+        angles[j] = turn.to(desc.position(j));
+    }
+    for (unsigned int a = start + 1; a + 1 < desc.count; ++a) {
+        for (unsigned int b = a + 1; b < desc.count; ++b) {
+            if (angles[a] > angles[b]) {
+                // The larger angle is rounded to single precision as it moves: it decides the order of near-equal
+                // angles, and with it the triangles of a fan.
+                auto const moved = static_cast<float>(angles[a]);
+                angles[a] = angles[b];
+                angles[b] = static_cast<double>(moved);
+                desc.swapVertices(static_cast<unsigned char>(a), static_cast<unsigned char>(b));
+            }
+        }
+    }
+}
+
 } // namespace
 
 GLPolygonDesc::GLPolygonDesc(std::vector<GLVec3f> const& pointTable, unsigned char linkCount)
@@ -63,6 +135,7 @@ bool GLPolygonDesc::addVertex(unsigned char link, GLVec3f const& normal) {
     if (count >= kMaxVertices || link >= connCount) {
         return false;
     }
+    ensurePlaces(*this, count + 1U);
     conn[count] = link;
     normalIndex[count] = count;
     normals[count] = normal;
@@ -87,8 +160,7 @@ bool GLPolygonDesc::removeVertex(unsigned char link) {
 void GLPolygonDesc::swapVertices(unsigned char i, unsigned char j) {
     if (i >= count || j >= count) {
         // A handler has lost count of its vertices: what follows would be a wrong surface.
-        std::cerr << "GLPolygonDesc::swapVertices invalid index" << std::endl;
-        std::abort();
+        stop("GLPolygonDesc::swapVertices invalid index");
     }
     std::swap(conn[i], conn[j]);
     std::swap(normalIndex[i], normalIndex[j]);
@@ -123,7 +195,7 @@ void GLPolygonDesc::arrange(unsigned char first, unsigned char second, bool clos
     if (second != 0) {
         swapVertices(1, second);
     }
-    unsigned char const centrePlace = moveCentreToFront(axis);
+    unsigned char const centrePlace = moveCentreToFront(*this, axis);
     unsigned int start = 0;
     if (hasCentre && centrePlace != 0) {
         // The first vertex now stands where the centre was; it and the second follow the centre.
@@ -134,59 +206,10 @@ void GLPolygonDesc::arrange(unsigned char first, unsigned char second, bool clos
         }
         swapVertices(centrePlace, 1);
     }
-    sortByAngle(start, givenNormal.value_or(axis));
-    setClosing(close);
-}
-
-// Swaps a vertex on the centroid or the cell centre to the front and returns where it stood; sets `hasCentre`. Where
-// `axis` is zero, that vertex's normal takes its place.
-unsigned char GLPolygonDesc::moveCentreToFront(GLVec3f& axis) {
-    hasCentre = false;
-    for (unsigned char k = 0; k < count; ++k) {
-        if (position(k) != centre && position(k) != kCellCentre) {
-            continue;
-        }
-        hasCentre = true;
-        if (axis == GLVec3f()) {
-            axis = normal(k);
-        }
-        if (k != 0) {
-            swapVertices(0, k);
-        }
-        return k;
-    }
-    return 0;
-}
-
-void GLPolygonDesc::sortByAngle(unsigned int start, GLVec3f const& axis) {
-    if (start >= count) {
-        return;
-    }
-    Turn const turn(axis, centre, position(start));
-    std::array<double, kMaxVertices> angles{};
-    for (unsigned int j = start + 1; j < count; ++j) {
-        angles[j] = turn.to(position(j));
-    }
-    for (unsigned int a = start + 1; a + 1 < count; ++a) {
-        for (unsigned int b = a + 1; b < count; ++b) {
-            if (angles[a] > angles[b]) {
-                // The larger angle is rounded to single precision as it moves: the order of near-equal angles, and with
-                // it the triangles of a fan, hangs on this.
-                auto const moved = static_cast<float>(angles[a]);
-                angles[a] = angles[b];
-                angles[b] = static_cast<double>(moved);
-                swapVertices(static_cast<unsigned char>(a), static_cast<unsigned char>(b));
-            }
-        }
-    }
-}
-
-void GLPolygonDesc::setClosing(bool close) {
+    sortByAngle(*this, start, givenNormal.value_or(axis));
     closed = close && (hasCentre || fan);
     if (closed) {
-        conn[count] = conn[1];
-        normalIndex[count] = normalIndex[1];
-        ++count;
+        repeatFirstOfRim(*this);
     }
     ccw = true;
 }

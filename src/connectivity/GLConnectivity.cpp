@@ -1,5 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "../objects/Configurations.h"
+#include "../objects/appendOwned.h"
+
 #include <tamo/connectivity/GLConnectivity.h>
 #include <tamo/neighborhood/GLUnitCube.h>
 
@@ -10,9 +13,9 @@
 // Part of the exported interface; vertex comparisons are exact, so that nothing here has a use for it.
 float const GLConnectivity::epsilon = 1e-16F;
 
-namespace {
+using tamo::appendOwned;
 
-constexpr unsigned int kConfigurations = 256;
+namespace {
 
 // Gathers the midpoints of one polyhedron's foreground-background corner pairs.
 class PolyhedronCut {
@@ -70,41 +73,30 @@ class PolyhedronCut {
     GLVec3f _direction;
 };
 
-void append(GLObject& object, std::unique_ptr<GLPolygon> polygon) {
-    object.push_back(polygon.get());
-    static_cast<void>(polygon.release());
-}
-
-// Appends an empty object and returns it; the list owns it at once.
-GLObject& appendObject(GLObjectList& list) {
-    auto object = std::make_unique<GLObject>();
-    list.push_back(object.get());
-    return *object.release();
-}
-
 } // namespace
 
 bool GLConnectivity::wrapLocal(GLTesselation const& tesselation, GLObjectList* list, bool reduce) {
     GLUnitCube const cube;
     list->clear();
-    list->reserve(kConfigurations);
-    appendObject(*list);
-    for (unsigned int configuration = 1; configuration + 1 < kConfigurations; ++configuration) {
-        GLObject& object = appendObject(*list);
+    list->reserve(tamo::kConfigurationCount);
+    appendOwned(*list, std::make_unique<GLObject>());
+    for (unsigned int configuration = 1; configuration < tamo::kFullCell; ++configuration) {
+        auto object = std::make_unique<GLObject>();
         GLVec3f total;
         for (unsigned int i = 0; i < static_cast<unsigned int>(tesselation.size()); ++i) {
             if (auto polygon = PolyhedronCut(cube, tesselation, i, configuration).makePolygon(total)) {
-                append(object, std::move(polygon));
+                appendOwned(*object, std::move(polygon));
             }
         }
-        if (reduce && object.size() >= 2) {
-            reducePolygons(&object, 3, true);
+        if (reduce && object->size() >= 2) {
+            reducePolygons(object.get(), 3, true);
             total.normalize();
             std::array<float, 3> direction = {total.x, total.y, total.z};
-            makeTriangleFan(&object, GLAccess3f(direction.data()));
-            reducePolygons(&object, 3, false);
+            makeTriangleFan(object.get(), GLAccess3f(direction.data()));
+            reducePolygons(object.get(), 3, false);
         }
+        appendOwned(*list, std::move(object));
     }
-    appendObject(*list);
+    appendOwned(*list, std::make_unique<GLObject>());
     return true;
 }

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "../objects/appendOwned.h"
+
 #include <tamo/connectivity/GLConnectivity.h>
 
 #include <algorithm>
@@ -34,14 +36,16 @@ struct Rim {
         ++slot;
     }
 
+    // Returns how many slots each of the polygon's centre vertices fills.
+    static unsigned int slotsPerCentre(GLPolygon const& polygon) { return polygon.size() == 4 ? 2 : 1; }
+
     void appendRimOf(GLPolygon const& polygon) {
         for (unsigned int j = 0; j < polygon.size(); ++j) {
             if (polygon.vertex(j) != kCentre) {
                 continue;
             }
-            append(polygon, j, j + 1);
-            if (polygon.size() == 4) {
-                append(polygon, j, j + 2);
+            for (unsigned int step = 1; step <= slotsPerCentre(polygon); ++step) {
+                append(polygon, j, j + step);
             }
         }
     }
@@ -89,13 +93,23 @@ unsigned int GLConnectivity::makeTriangleFan(GLObject* object, GLAccess3f const&
         return 0;
     }
     unsigned int vertices = 0;
+    unsigned int centres = 0;
     unsigned int slots = 1;
+    unsigned int written = 1;
     for (GLPolygon const* polygon : std::as_const(*object)) {
-        if (polygon->isFan() || centreCount(*polygon) != 1) {
+        if (polygon->isFan()) {
             return 0;
         }
+        unsigned int const ownCentres = centreCount(*polygon);
         vertices += polygon->size();
+        centres += ownCentres;
         slots += polygon->size() < 4 ? 1U : 2U;
+        written += ownCentres * Rim::slotsPerCentre(*polygon);
+    }
+    // A polygon reserves slots for one centre vertex. A second one may take those of a polygon without any, but the
+    // closing slot has to fit too.
+    if (centres != object->size() || written > slots) {
+        return 0;
     }
 
     Rim rim(slots + 1);
@@ -109,9 +123,9 @@ unsigned int GLConnectivity::makeTriangleFan(GLObject* object, GLAccess3f const&
     rim.chain();
     rim.fan->setNormals();
 
+    // Clearing keeps the slots, so that appending cannot fail.
     object->clear();
-    object->push_back(rim.fan.get());
-    return vertices - rim.fan.release()->size();
+    return vertices - tamo::appendOwned(*object, std::move(rim.fan)).size();
 }
 
 GLPolygon* GLConnectivity::combinePolygons(GLPolygon* p, GLPolygon* q, unsigned int n, bool sameNormal) {

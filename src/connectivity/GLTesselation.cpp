@@ -8,8 +8,6 @@
 #include <new>
 #include <utility>
 
-GLTesselation::GLTesselation() = default;
-
 GLTesselation::GLTesselation(unsigned int n) { resize(n); }
 
 GLTesselation::GLTesselation(GLTesselation const& other)

@@ -79,8 +79,58 @@ TEST_P(GLConnAllocation, ListAndBuilderAreUsableAfterAFailure) {
     }
 }
 
+std::uint64_t digestOf(GLObject const& object) {
+    Digest digest;
+    for (GLPolygon const* polygon : object) {
+        digest.add(*polygon);
+    }
+    return digest.value();
+}
+
+TEST_P(GLConnAllocation, FailureLeavesFinishedObjectsAndTheOneInTheMaking) {
+    GLConn conn;
+    GLObjectList whole;
+    conn.wrapLocal(GetParam(), &whole, true);
+    unsigned int unfinished = 0;
+    for (std::size_t failing = 30; failing < 700; ++failing) {
+        GLObjectList list;
+        {
+            FailingNew const guard(failing);
+            EXPECT_THROW(conn.wrapLocal(GetParam(), &list, true), std::bad_alloc) << failing;
+        }
+        ASSERT_LT(list.size(), 256U);
+        for (unsigned int k = 0; k + 1 < list.size(); ++k) {
+            EXPECT_EQ(digestOf(*list[k]), digestOf(*whole[k])) << failing << ", configuration " << k;
+        }
+        unsigned int const last = list.size() - 1;
+        unfinished += list.size() > 0 && digestOf(*list[last]) != digestOf(*whole[last]) ? 1U : 0U;
+    }
+    EXPECT_GT(unfinished, 100U);
+}
+
 INSTANTIATE_TEST_SUITE_P(Systems, GLConnAllocation,
                          testing::Values(Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I), nameOfSystem);
+
+TEST(GLConnSetUp, FailureLeavesTheListAsItWas) {
+    // A copy has room for the links of its source alone; set up for more of them, its lists have to grow.
+    GLConn const source(Neighborhood::N6);
+    std::size_t setUp = 0;
+    {
+        GLConn conn(source);
+        FailingNew const counter;
+        conn.setupConn(Neighborhood::N26);
+        setUp = FailingNew::allocations();
+    }
+    EXPECT_GT(setUp, 0U);
+    for (std::size_t failing = 1; failing <= setUp; ++failing) {
+        GLConn conn(source);
+        GLObjectList list;
+        list.push_back(nullptr);
+        FailingNew const guard(failing);
+        EXPECT_THROW(conn.wrapLocal(Neighborhood::N26, &list, true), std::bad_alloc) << failing;
+        EXPECT_EQ(list.size(), 1U) << failing;
+    }
+}
 
 TEST(GLConnConstruction, FailureLeaksNothing) {
     std::ptrdiff_t const before = FailingNew::liveBlocks();

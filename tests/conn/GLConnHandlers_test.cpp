@@ -16,7 +16,7 @@ TEST_F(GLConnHandlers, CollectsTheLinksThatCrossOutward) {
     EXPECT_EQ(_desc.normal(0), GLVec3f(1, 0, 0));
     EXPECT_EQ(_desc.normal(1), GLVec3f(0, 1, 0));
     EXPECT_EQ(_desc.normal(2), GLVec3f(0, 0, 1));
-    // With the foreground at the other end the normals turn round.
+    // With the foreground at the other end the normals are reversed.
     EXPECT_EQ(GLConnAccess::collect(_conn, _desc, 0xfe, 0x01), 0x301U);
     EXPECT_EQ(_desc.normal(0), GLVec3f(-1, 0, 0));
     EXPECT_EQ(_desc.count, 3);
@@ -130,7 +130,7 @@ TEST_F(GLConnHandlers, RingLosesTheFirstEdgeForAnExtraVertex) {
     EXPECT_TRUE(handle(ConnHandler::kSpaceDiagonal, arguments));
     EXPECT_EQ(_desc.conn.size(), 27U);
     ASSERT_EQ(_object[0]->size(), 6U);
-    // The first edge led the ring; only its repetition is left, and no longer in front.
+    // The first edge led the ring; only its repetition is left, and not in front.
     Links const links = order();
     EXPECT_NE(links.front(), 0U);
     EXPECT_EQ(std::count(links.begin(), links.end(), 0U), 1);

@@ -13,6 +13,8 @@
 #include <iostream>
 #include <type_traits>
 
+static_assert(std::is_convertible_v<Neighborhood::NHConfig, GLConn>);
+
 namespace {
 
 using namespace tamo::test;

@@ -80,7 +80,7 @@ TEST_F(ArrangeSquare, SecondStaysBehindTheStartWhereThereIsACentre) {
 }
 
 TEST_F(ArrangeSquare, CentreThatStandsFirstIsTheReferenceItself) {
-    // No turn about itself is a number: nothing moves.
+    // Its turns about itself are NaN: nothing moves.
     add({4, 3, 1, 2, 0});
     _twins.arrange(0, 0, true);
     expectOrder({4, 3, 1, 2, 0, 3});
@@ -173,13 +173,13 @@ TEST_F(ArrangeSquare, NormalOfTheCentreStandsInForAZeroMean) {
     expectOrder({4, 3, 2, 1, 0});
 }
 
-TEST_F(ArrangeSquare, MeanThatIsNoNumberIsKept) {
+TEST_F(ArrangeSquare, MeanThatIsNaNIsKept) {
     add({3, 1, 0}, {0, 0, 0});
     add({4}, {0, 0, 1});
     add({2}, {0, 0, -1});
     _twins.arrange(0, 0, false);
     EXPECT_TRUE(std::isnan(_twins.desc.meanNormal.z));
-    // Nothing compares with a turn that is no number.
+    // NaN compares with nothing.
     expectOrder({4, 3, 0, 1, 2});
 }
 

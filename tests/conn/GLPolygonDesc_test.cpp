@@ -63,7 +63,7 @@ TEST_F(GLPolygonDescTest, AddedVertexTakesTheNextSlot) {
     EXPECT_TRUE(_desc.closed);
 }
 
-TEST_F(GLPolygonDescTest, RefusesALinkThatThereIsNot) {
+TEST_F(GLPolygonDescTest, RefusesALinkThatDoesNotExist) {
     _desc.ccw = true;
     EXPECT_FALSE(_desc.addVertex(28, GLVec3f(1, 2, 3)));
     EXPECT_FALSE(_desc.addVertex(255, GLVec3f(1, 2, 3)));
@@ -107,7 +107,7 @@ TEST_F(GLPolygonDescTest, RemovesTheLastVertexAndThenNothing) {
     EXPECT_EQ(_desc.conn.size(), 27U);
 }
 
-TEST_F(GLPolygonDescTest, RemovingWhatIsNotThereChangesNothing) {
+TEST_F(GLPolygonDescTest, RemovingAnAbsentLinkChangesNothing) {
     // The arrays are filled with 0 behind the vertices: link 0 is not found there.
     EXPECT_FALSE(_desc.removeVertex(0));
     add({1, 2});
@@ -145,7 +145,7 @@ TEST_F(GLPolygonDescTest, CentreIsTheMeanAndTheNormalHasUnitLength) {
     EXPECT_EQ(_desc.meanNormal, GLVec3f(3.0F / 5.0F, 4.0F / 5.0F, 0));
 }
 
-TEST_F(GLPolygonDescTest, NormalsThatCancelMakeNonNumbers) {
+TEST_F(GLPolygonDescTest, NormalsThatCancelMakeNaN) {
     _desc.addVertex(0, GLVec3f(1, 0, 0));
     _desc.addVertex(1, GLVec3f(-1, 0, 0));
     _desc.computeCentre();

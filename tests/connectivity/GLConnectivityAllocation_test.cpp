@@ -4,6 +4,7 @@
 #include <tamo/surface/TAMO.h>
 
 #include "support/ConnectivityPrivates.h"
+#include "support/Digest.h"
 #include "support/StreamCapture.h"
 #include "support/memory/FailingNew.h"
 
@@ -60,6 +61,39 @@ TEST(GLConnectivityAllocation, EveryFailureWhileCuttingIsPassedOnWithoutALeak) {
 TEST(GLConnectivityAllocation, FailuresWhileReducingArePassedOnWithoutALeak) {
     // A prime stride; the merging steps themselves are taken allocation by allocation below.
     expectCleanFailures(/*reduce=*/true, /*stride=*/67);
+}
+
+std::uint64_t digestOf(GLObject const& object) {
+    tamo::test::Digest digest;
+    for (GLPolygon const* polygon : object) {
+        digest.add(*polygon);
+    }
+    return digest.value();
+}
+
+TEST(GLConnectivityAllocation, FailureLeavesTheFinishedObjectsAlone) {
+    GLTesselation const tesselation = sixTetrahedra();
+    GLObjectList whole;
+    std::size_t total = 0;
+    {
+        FailingNew const counter;
+        GLConnectivity().wrapLocal(tesselation, &whole, /*reduce=*/true);
+        total = FailingNew::allocations();
+    }
+    unsigned int longest = 0;
+    for (std::size_t n = 2; n <= total; n += 37) {
+        GLObjectList list(whole);
+        {
+            FailingNew const guard(n);
+            EXPECT_THROW(GLConnectivity().wrapLocal(tesselation, &list, /*reduce=*/true), std::bad_alloc) << n;
+        }
+        ASSERT_LT(list.size(), 256U) << n;
+        for (unsigned int k = 0; k < list.size(); ++k) {
+            EXPECT_EQ(digestOf(*list[k]), digestOf(*whole[k])) << n << ", configuration " << k;
+        }
+        longest = std::max(longest, list.size());
+    }
+    EXPECT_GT(longest, 100U);
 }
 
 using Points = std::vector<GLVec3f>;

@@ -8,11 +8,13 @@
 #include <cmath>
 #include <memory>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace {
 
 using tamo::test::combinePolygons;
+using tamo::test::fill;
 using tamo::test::PlainObject;
 using tamo::test::PlainPolygon;
 using tamo::test::reducePolygons;
@@ -92,6 +94,21 @@ TEST(CombinePolygons, OnlyASharedEdgeJoins) {
     }
 }
 
+TEST(CombinePolygons, PositionThatOneOfThemHoldsTwiceCountsTwice) {
+    GLVec3f const a(0, 0, 0);
+    GLPolygon single = polygonOf({a, {1, 0, 0}, {0, 1, 0}});
+    GLPolygon twice = polygonOf({{-1, 0, 0}, a, a});
+    for (auto const& [p, q] : {std::pair(&single, &twice), std::pair(&twice, &single)}) {
+        auto const joined = combinePolygons(*p, *q, 3, /*sameNormal=*/false);
+        ASSERT_NE(joined, nullptr);
+        EXPECT_TRUE(samePolygon(*joined,
+                                *tamo::test::combinePlain(tamo::test::plainOf(*p), tamo::test::plainOf(*q), 3, false)));
+        // All vertices of the first, and those of the second that the first has not.
+        EXPECT_EQ(joined->size(), p == &single ? 4U : 5U);
+    }
+    EXPECT_EQ(combinePolygons(twice, twice, 3, /*sameNormal=*/false), nullptr);
+}
+
 TEST(CombinePolygons, NormalsHaveToAgreeExactlyWhenAsked) {
     GLPolygon p = lowerTriangle();
     GLPolygon q = upperTriangle();
@@ -156,12 +173,6 @@ TEST(CombinePolygons, AgreesWithThePlainRuleForAnySizes) {
         }
     }
     EXPECT_GT(joins, 1000U);
-}
-
-void fill(GLObject& object, PlainObject const& polygons) {
-    for (PlainPolygon const& polygon : polygons) {
-        object.push_back(new GLPolygon(tamo::test::libraryOf(polygon)));
-    }
 }
 
 TEST(ReducePolygons, JoinsInTheFirstTrianglesPlace) {

@@ -5,6 +5,7 @@
 #include "support/ConnectivityPrivates.h"
 #include "support/Digest.h"
 #include "support/StreamCapture.h"
+#include "support/TextCapture.h"
 #include "support/oracle/ConnectivityOracle.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,7 @@ CornerLists const kFiveCorners = {{0, 2, 6, 1, 3}, {0, 6, 4, 1, 7}};
 
 void expectAllConfigurations(CornerLists const& polyhedra, bool reduce) {
     GLObjectList list;
+    tamo::test::TextCapture const errors(std::cerr);
     EXPECT_TRUE(GLConnectivity().wrapLocal(tamo::test::tesselationOf(polyhedra), &list, reduce));
     ASSERT_EQ(list.size(), 256U);
     for (unsigned int k = 0; k < 256; ++k) {

@@ -20,6 +20,7 @@ template struct PrivateAccess<ClearTag, &GLTesselation::clear>;
 } // namespace tamo::test
 
 static_assert(std::is_same_v<decltype(std::declval<GLTesselation const&>().size()), int>);
+static_assert(std::is_convertible_v<unsigned int, GLTesselation>);
 
 namespace {
 

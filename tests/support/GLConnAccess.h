@@ -21,7 +21,7 @@ enum class ConnHandler {
     kCase41,
 };
 
-/// What a handler is told besides the descriptor.
+/// The arguments of a handler besides the descriptor.
 struct ConnArguments {
     unsigned int info = 0;
     unsigned char fg = 0;

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/opengl/OffscreenContext.h"
+#include "support/opengl/ReadPixels.h"
 #include "support/oracle/BlockShadow.h"
+
+#include "picture/OffscreenContext.h"
 
 #include <tamo/surface/GLPolygonConsumer.h>
 #include <tamo/surface/TAMO.h>
@@ -11,9 +13,6 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-
-// OpenGL drivers keep memory of their own until the program ends.
-extern "C" char const* __asan_default_options() { return "detect_leaks=0"; }
 
 namespace {
 
@@ -40,7 +39,7 @@ class DisplayList : public testing::Test {
     static constexpr float kWorldSide = 160.0F;
     static constexpr std::array<float, 3> kBlock = {48, 64, 80};
 
-    DisplayList() : context(kPictureSide), name(glGenLists(1)) {
+    DisplayList() : context(kPictureSide, kPictureSide), name(glGenLists(1)) {
         glMatrixMode(GL_PROJECTION);
         glOrtho(-kWorldSide / 2, kWorldSide / 2, -kWorldSide / 2, kWorldSide / 2, -kWorldSide, kWorldSide);
         glMatrixMode(GL_MODELVIEW);
@@ -91,13 +90,13 @@ class DisplayList : public testing::Test {
 
     // Returns how many pixels are not background.
     [[nodiscard]] double coveredPixels() const {
-        auto const pixels = context.readPixels();
+        auto const pixels = readPixels(kPictureSide, kPictureSide);
         return static_cast<double>(
-            std::count_if(pixels.begin(), pixels.end(), [](auto const& pixel) { return pixel[3] != 0; }));
+            std::count_if(pixels.begin(), pixels.end(), [](auto const& pixel) { return pixel != kBlack; }));
     }
 
-    [[nodiscard]] OffscreenContext::Pixel middlePixel() const {
-        return context.readPixels()[kPictureSide * kPictureSide / 2 + kPictureSide / 2];
+    [[nodiscard]] Pixel middlePixel() const {
+        return readPixels(kPictureSide, kPictureSide)[kPictureSide * kPictureSide / 2 + kPictureSide / 2];
     }
 
     // Returns how many pixels the block covers where it was sampled with `step`.
@@ -120,7 +119,7 @@ class DisplayList : public testing::Test {
         return views;
     }
 
-    OffscreenContext context;
+    tamo::picture::OffscreenContext context;
     GLuint name;
     GLVec3f center;
 };
@@ -142,11 +141,11 @@ TEST_F(DisplayList, EveryPolygonTurnsItsFrontOutward) {
     for (View const& view : manyViews()) {
         glDisable(GL_CULL_FACE);
         draw(view);
-        auto const all = context.readDepths();
+        auto const all = readDepths(kPictureSide, kPictureSide);
         glEnable(GL_CULL_FACE);
         glCullFace(GL_BACK);
         draw(view);
-        auto const culled = context.readDepths();
+        auto const culled = readDepths(kPictureSide, kPictureSide);
         std::size_t differing = 0;
         for (std::size_t i = 0; i < all.size(); ++i) {
             differing += culled[i] != all[i] ? 1 : 0;
@@ -160,9 +159,9 @@ TEST_F(DisplayList, AScannedBlockTakesTheCurrentColour) {
     compileBlock(2);
     glColor3f(0.2F, 0.6F, 1.0F);
     draw(View({1, 2, 3}));
-    for (auto const& pixel : context.readPixels()) {
-        if (pixel[3] != 0) {
-            ASSERT_EQ(pixel, (OffscreenContext::Pixel{51, 153, 255, 255}));
+    for (auto const& pixel : readPixels(kPictureSide, kPictureSide)) {
+        if (pixel != kBlack) {
+            ASSERT_EQ(pixel, (Pixel{51, 153, 255}));
         }
     }
     EXPECT_GT(coveredPixels(), 0);
@@ -187,9 +186,9 @@ TEST_F(DisplayList, AnObjectOnItsOwnTakesItsPolygonsColours) {
     glColor3f(0, 0, 1);
     draw(View({0, 0, 1}));
     // The picture's right is the world's -x or +x; either way each half has one colour, on 200 x 400 pixels.
-    auto const pixels = context.readPixels();
-    EXPECT_EQ(std::count(pixels.begin(), pixels.end(), OffscreenContext::Pixel{255, 0, 0, 255}), 200 * 400);
-    EXPECT_EQ(std::count(pixels.begin(), pixels.end(), OffscreenContext::Pixel{0, 255, 0, 255}), 200 * 400);
+    auto const pixels = readPixels(kPictureSide, kPictureSide);
+    EXPECT_EQ(std::count(pixels.begin(), pixels.end(), Pixel{255, 0, 0}), 200 * 400);
+    EXPECT_EQ(std::count(pixels.begin(), pixels.end(), Pixel{0, 255, 0}), 200 * 400);
     EXPECT_EQ(coveredPixels(), 2 * 200 * 400);
 }
 
@@ -237,11 +236,11 @@ TEST_F(LitDisplayList, FacesAreEvenlyLit) {
     View const view({1, 2, 3});
     tiltLight(0);
     draw(view);
-    auto const pixels = context.readPixels();
+    auto const pixels = readPixels(kPictureSide, kPictureSide);
     double even = 0;
     for (float const cosine : {view.back.x, view.back.y, view.back.z}) {
         even += static_cast<double>(std::count_if(pixels.begin(), pixels.end(), [cosine](auto const& pixel) {
-            return pixel[3] != 0 && std::abs(static_cast<float>(pixel[0]) - 255 * cosine) < 2;
+            return pixel != kBlack && std::abs(static_cast<float>(pixel[0]) - 255 * cosine) < 2;
         }));
     }
     EXPECT_GT(even / projectedPixels(view, 2), 0.95);

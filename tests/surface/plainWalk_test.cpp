@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "support/RecordingAggregator.h"
 #include "support/oracle/ReferenceScan.h"
+#include "support/oracle/plainWalk.h"
 #include "support/volumes/PlainVolume.h"
-
-#include "benchmarks/plain_walk.h"
 
 #include <gtest/gtest.h>
 

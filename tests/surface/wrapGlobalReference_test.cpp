@@ -25,10 +25,10 @@ class Drawing {
     }
 
     VolumeLayout layout() {
-        std::array<std::array<std::size_t, 3>, 6> constexpr orders = {
+        std::array<std::array<std::size_t, 3>, 6> constexpr kOrders = {
             {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}}};
         VolumeLayout drawn;
-        drawn.order = orders[static_cast<std::size_t>(number(0, 5))];
+        drawn.order = kOrders[static_cast<std::size_t>(number(0, 5))];
         for (bool& backwards : drawn.backwards) {
             backwards = number(0, 1) == 1;
         }
@@ -39,8 +39,8 @@ class Drawing {
 
     // Puts 0 or 1 into every sample of the box: noise of some density over a background, a foreground, or a block.
     void fillSamples(PlainVolume& volume, ScanBox const& box) {
-        std::array<int, 6> constexpr promille = {0, 1, 20, 500, 300, 100};
-        int const noise = promille[static_cast<std::size_t>(number(0, 5))];
+        std::array<int, 6> constexpr kPromille = {0, 1, 20, 500, 300, 100};
+        int const noise = kPromille[static_cast<std::size_t>(number(0, 5))];
         Triple low{};
         Triple high{};
         for (std::size_t axis = 0; axis < 3; ++axis) {

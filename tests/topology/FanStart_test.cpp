@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -37,7 +38,9 @@ class OpenCases {
 
     [[nodiscard]] GLObject const& operator[](unsigned int configuration) const { return *_list[configuration]; }
 
-    // Lists the configurations that consist of `polygons` polygons and as many vertices on their outline.
+    // Lists the configurations of `polygons` polygons.
+    [[nodiscard]] std::vector<unsigned int> having(unsigned int polygons) const;
+    // Lists those of them with `vertices` vertices on the polygons' common outline.
     [[nodiscard]] std::vector<unsigned int> having(unsigned int polygons, std::size_t vertices) const;
 
     std::vector<unsigned int> configurations;
@@ -72,14 +75,19 @@ Outline ringOf(std::vector<HalfEdge> const& edges) {
     return ring;
 }
 
-std::vector<unsigned int> OpenCases::having(unsigned int polygons, std::size_t vertices) const {
+std::vector<unsigned int> OpenCases::having(unsigned int polygons) const {
     std::vector<unsigned int> found;
-    for (unsigned int const configuration : configurations) {
-        GLObject const& object = (*this)[configuration];
-        if (object.size() == polygons && ringOf(outlineOf(drawnTriangles(object))).size() == vertices) {
-            found.push_back(configuration);
-        }
-    }
+    std::copy_if(configurations.begin(), configurations.end(), std::back_inserter(found),
+                 [&](unsigned int configuration) { return (*this)[configuration].size() == polygons; });
+    return found;
+}
+
+std::vector<unsigned int> OpenCases::having(unsigned int polygons, std::size_t vertices) const {
+    std::vector<unsigned int> found = having(polygons);
+    auto const differs = [&](unsigned int configuration) {
+        return ringOf(outlineOf(drawnTriangles((*this)[configuration]))).size() != vertices;
+    };
+    found.erase(std::remove_if(found.begin(), found.end(), differs), found.end());
     return found;
 }
 
@@ -91,20 +99,14 @@ std::vector<HalfTriangle> fanFrom(Outline const& ring, std::size_t start) {
     return fan;
 }
 
-// Tells whether every triangle has an area and follows the links of its vertices, and no inner edge lies on a face.
+// Returns whether every triangle has an area and follows the links of its vertices, and no inner edge lies on a face.
 bool isGood(std::vector<HalfTriangle> const& triangles, LinkNormalsOf const& normals) {
-    std::set<HalfEdge> edges;
-    for (HalfTriangle const& triangle : triangles) {
-        for (std::size_t i = 0; i < 3; ++i) {
-            edges.insert({triangle[i], triangle[(i + 1) % 3]});
-            if (normalOf(triangle) == HalfPoint{} || opposes(triangle, normals.at(triangle[i]))) {
-                return false;
-            }
-        }
-    }
-    return std::none_of(edges.begin(), edges.end(), [&](HalfEdge const& edge) {
-        return isOnCellFace(edge) && edges.count({edge[1], edge[0]}) == 1;
-    });
+    return !hasInnerEdgeOnCellFace(triangles) &&
+           std::all_of(triangles.begin(), triangles.end(), [&](HalfTriangle const& triangle) {
+               return normalOf(triangle) != HalfPoint{} &&
+                      std::none_of(triangle.begin(), triangle.end(),
+                                   [&](HalfPoint const& point) { return opposes(triangle, normals.at(point)); });
+           });
 }
 
 std::vector<std::size_t> goodStarts(Outline const& ring, LinkNormalsOf const& normals) {
@@ -187,33 +189,40 @@ Outline pointsOf(GLPolygon const& polygon) {
 
 bool isFaceDiagonal(HalfPoint const& point) { return std::count(point.begin(), point.end(), 1) == 2; }
 
-TEST(FanStartAroundTheCentreLink, EachHalfOpensFromItsOneGoodFaceDiagonal) {
-    OpenCases const cases(Neighborhood::N14I);
-    unsigned int tubes = 0;
-    for (unsigned int const configuration : cases.configurations) {
+class FanStartAroundTheCentreLink : public testing::Test {
+  protected:
+    OpenCases _cases{Neighborhood::N14I};
+};
+
+TEST_F(FanStartAroundTheCentreLink, OneClosedFanOpensFromTheCentreWhereTheLinkCrosses) {
+    std::vector<unsigned int> const fans = _cases.having(/*polygons=*/1);
+    EXPECT_EQ(fans.size(), 12U);
+    for (unsigned int const configuration : fans) {
+        GLPolygon const& fan = *_cases[configuration][0];
+        EXPECT_TRUE(fan.isClosed()) << configuration;
+        EXPECT_EQ(halfPoint(fan, 0), (HalfPoint{1, 1, 1})) << configuration;
+    }
+}
+
+TEST_F(FanStartAroundTheCentreLink, EachOfTwoHalvesOpensFromItsOneGoodFaceDiagonal) {
+    std::vector<unsigned int> const tubes = _cases.having(/*polygons=*/2);
+    EXPECT_EQ(tubes.size(), 12U);
+    for (unsigned int const configuration : tubes) {
         SCOPED_TRACE(configuration);
-        GLObject const& object = cases[configuration];
-        if (object.size() == 1) {
-            // The centre link crosses to the other component: one closed fan around the cell's centre.
-            EXPECT_TRUE(object[0]->isClosed());
-            EXPECT_EQ(halfPoint(*object[0], 0), (HalfPoint{1, 1, 1}));
-            continue;
-        }
-        ++tubes;
-        ASSERT_EQ(object.size(), 2U);
+        GLObject const& object = _cases[configuration];
         std::set<HalfPoint> points;
         for (GLPolygon const* half : object) {
             Outline const ring = pointsOf(*half);
             points.insert(ring.begin(), ring.end());
-            ASSERT_EQ(ring.size(), 7U);
-            EXPECT_EQ(goodStarts(ring, linkNormals(object)), std::vector<std::size_t>{0});
+            EXPECT_EQ(ring.size(), 7U);
             EXPECT_TRUE(isFaceDiagonal(ring[0]));
+            EXPECT_EQ(goodStarts(ring, linkNormals(object)), std::vector<std::size_t>{0});
         }
         // Two of the fourteen are shared.
         EXPECT_EQ(points.size(), 12U);
     }
-    EXPECT_EQ(tubes, 12U);
-    EXPECT_EQ(cases.configurations.size(), 24U);
 }
+
+TEST_F(FanStartAroundTheCentreLink, NothingElseIsOpen) { EXPECT_EQ(_cases.configurations.size(), 24U); }
 
 } // namespace

@@ -1,16 +1,10 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "support/SystemName.h"
-#include "support/oracle/ScannedSurface.h"
-#include "support/volumes/DigitalObject.h"
-
-#include <gtest/gtest.h>
+#include "topology/SystemTest.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <random>
-#include <set>
 
 namespace {
 
@@ -33,11 +27,10 @@ VoxelSet ball(double radius) {
     return set;
 }
 
-double areaOf(GLObject const& object) {
+double drawnArea(GLObject const& object) {
     double area = 0;
     for (HalfTriangle const& triangle : drawnTriangles(object)) {
-        HalfPoint const n = normalOf(triangle);
-        area += std::sqrt(static_cast<double>(dot(n, n))) / 8;
+        area += areaOf(triangle);
     }
     return area;
 }
@@ -67,7 +60,7 @@ double areaFactor(std::vector<double> const& areas, std::array<double, 3> const&
 double ballLimit(GLObjectList const& list) {
     std::vector<double> areas;
     for (GLObject const* object : list) {
-        areas.push_back(areaOf(*object));
+        areas.push_back(drawnArea(*object));
     }
     constexpr int kDirections = 20000;
     double const goldenAngle = kPi * (3 - std::sqrt(5.0));
@@ -80,12 +73,7 @@ double ballLimit(GLObjectList const& list) {
     return sum / kDirections;
 }
 
-class SurfaceMeasures : public testing::TestWithParam<Neighborhood::NHConfig> {
-  protected:
-    [[nodiscard]] ScannedSurface scan(VoxelSet const& set) const { return {set.volume(), set.size(), _objects.list()}; }
-
-    SystemList _objects{GetParam()};
-};
+using SurfaceMeasures = SystemTest;
 
 TEST_P(SurfaceMeasures, AreaOfABallTendsToTheMeanOverAllPlanes) {
     // Edges alone cut a plane into facets that lie closer to it than those of six tetrahedra.
@@ -108,30 +96,27 @@ TEST_P(SurfaceMeasures, AreaOfABallTendsToTheMeanOverAllPlanes) {
 TEST_P(SurfaceMeasures, BallIsASphereOfItsVolume) {
     for (double const radius : {1.2, 3.7, 9.6, 24.3}) {
         VoxelSet const set = ball(radius);
-        ScannedSurface const surface = scan(set);
-        SurfaceTopology const topology(surface, GetParam() == Neighborhood::N6);
+        SurfaceTopology const topology = topologyOf(set);
         EXPECT_TRUE(topology.isManifold);
         EXPECT_EQ(topology.components, 1);
         EXPECT_EQ(topology.euler, 2);
         double voxels = 0;
         set.forEach([&](Triple const& voxel) { voxels += set.has(voxel) ? 1 : 0; });
         // No voxel's cube is cut by more than its half, and only those at the surface are.
-        double const volume = static_cast<double>(surface.volume48()) / 48;
+        double const volume = static_cast<double>(scan(set).volume48()) / 48;
         EXPECT_NEAR(volume / voxels, 1, 0.35 / radius);
     }
 }
 
 TEST_P(SurfaceMeasures, FlatFacesHaveTheirArea) {
     // A plate of 9 x 9 x 1 voxels: within its rim the surface is two planes, half a voxel above and below.
-    VoxelSet plate({9, 9, 1});
-    plate.forEach([&](Triple const& voxel) { plate.set(voxel, true); });
     double flat = 0;
-    ScannedSurface const surface = scan(plate);
+    ScannedSurface const surface = scan(VoxelSet::full({9, 9, 1}));
     for (ScannedSurface::Face const& face : surface.faces()) {
         HalfPoint const n = normalOf(face.corners);
         if (n[0] == 0 && n[1] == 0) {
             EXPECT_EQ(face.corners[0][2], n[2] > 0 ? 1 : -1);
-            flat += std::abs(n[2]) / 8.0;
+            flat += areaOf(face.corners);
         }
     }
     EXPECT_GE(flat, 2 * 64.0);
@@ -139,47 +124,5 @@ TEST_P(SurfaceMeasures, FlatFacesHaveTheirArea) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, SurfaceMeasures, testing::ValuesIn(kSurfaceSystems), nameOfSystem);
-
-// Five fans of N6 start at a vertex from which an inner edge runs in a cell face. It is the polygon's own: only where
-// two of the five share that face do the drawn triangles meet by four.
-TEST(DrawnTrianglesOfSixNeighbors, MeetByTwosWhereNoneOfTheFiveIs) {
-    std::set<unsigned int> const five = {0xbe, 0xd7, 0xde, 0xeb, 0xed};
-    SystemList const objects(Neighborhood::N6);
-    std::mt19937 engine(11);
-    int without = 0;
-    for (int round = 0; round < 400; ++round) {
-        VoxelSet set({3, 3, 3});
-        unsigned int const percent = 50 + static_cast<unsigned int>(round) % 45;
-        set.forEach([&](Triple const& voxel) { set.set(voxel, engine() % 100 < percent); });
-        bool hasAny = false;
-        for (unsigned int cell = 0; cell < 8; ++cell) {
-            unsigned int configuration = 0;
-            for (unsigned int corner = 0; corner < 8; ++corner) {
-                Triple voxel{};
-                for (std::size_t axis = 0; axis < 3; ++axis) {
-                    voxel[axis] = static_cast<int>((cell >> axis & 1U) + (corner >> axis & 1U));
-                }
-                configuration |= set.has(voxel) ? 1U << corner : 0U;
-            }
-            hasAny = hasAny || five.count(configuration) != 0;
-        }
-        bool const isClosed = SurfaceTopology({set.volume(), set.size(), objects.list()}, false).isClosed;
-        EXPECT_TRUE(isClosed || hasAny) << round;
-        without += hasAny ? 0 : 1;
-    }
-    EXPECT_GT(without, 50);
-}
-
-TEST(DrawnTrianglesOfSixNeighbors, MeetByFourWhereTwoOfTheFiveShareTheFace) {
-    // Cells 0xd7 and 0xeb, side by side along x: the same two background voxels, on a diagonal of the shared face.
-    VoxelSet set({3, 2, 2});
-    set.forEach([&](Triple const& voxel) { set.set(voxel, true); });
-    set.set({1, 0, 1}, false);
-    set.set({1, 1, 0}, false);
-    SystemList const objects(Neighborhood::N6);
-    ScannedSurface const surface(set.volume(), set.size(), objects.list());
-    EXPECT_FALSE(SurfaceTopology(surface, /*polygonsApart=*/false).isClosed);
-    EXPECT_TRUE(SurfaceTopology(surface, /*polygonsApart=*/true).isManifold);
-}
 
 } // namespace

@@ -1,40 +1,35 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "CommandLine.h"
-#include "InfoCommand.h"
-#include "Interruption.h"
-#include "UserError.h"
+#include "commands/CommandLine.h"
+#include "terminal/Interruption.h"
+#include "terminal/UsageError.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <new>
+#include <string>
 
 namespace {
 
-int fail(std::string message) {
+// The command line alone shows what is wrong; nothing has been read or written.
+constexpr int kUsageStatus = 2;
+
+int fail(std::string message, int status = EXIT_FAILURE) {
     // One report is one line, whatever a library or a file name has put into it.
     std::replace(message.begin(), message.end(), '\n', ' ');
     std::cerr << "tamo: " << message << "\n";
-    return EXIT_FAILURE;
-}
-
-void run(tamo::Request const& request) {
-    if (auto const* const info = std::get_if<tamo::InfoOptions>(&request)) {
-        tamo::printVolumeInfo(info->source);
-    } else if (auto const* const render = std::get_if<tamo::RenderOptions>(&request)) {
-        tamo::renderVolume(*render);
-    } else if (auto const* const atlas = std::get_if<tamo::AtlasOptions>(&request)) {
-        tamo::drawAtlas(*atlas);
-    }
+    return status;
 }
 
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    tamo::installInterruption();
+    tamo::tool::installInterruption();
     try {
-        run(tamo::parseCommandLine(argumentCount, arguments));
+        tamo::tool::runCommandLine(argumentCount, arguments);
+    } catch (tamo::tool::UsageError const& error) {
+        return fail(error.what(), kUsageStatus);
     } catch (std::bad_alloc const&) {
         return fail("not enough memory for this volume; a larger --step makes a smaller surface");
     } catch (std::exception const& error) {

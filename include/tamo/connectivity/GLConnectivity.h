@@ -13,23 +13,34 @@
 /// "An Efficient Method of Triangulating Equi-Valued Surfaces by Using Tetrahedral Cells", 1991.
 class TAMO_EXPORT GLConnectivity {
   public:
-    /// Replaces the contents of `list`, which must not be null, by 256 objects; slots 0 and 255 stay empty. With
-    /// `reduce` set, merges a configuration's triangles in pairs where they are coplanar, and all its polygons into one
-    /// fan where each of them touches the cell centre. A polyhedron supports at most 8 cuts; a link cut to a
-    /// corner above 7, or a ninth cut, stops the program with the standard library's assertion. Always returns true;
-    /// throws `std::bad_alloc`.
+    /// Replaces the contents of `list`, which must not be null, by 256 objects; slots 0 and 255 stay empty.
+    ///
+    /// With `reduce` set, a configuration's triangles are merged in pairs where their first normals are equal, then all
+    /// its polygons into one fan around the cell centre where `makeTriangleFan` accepts them, then the triangles that
+    /// are left in pairs whatever their normals: such a pair may be bent along its common edge.
+    ///
+    /// A polyhedron supports at most 8 cuts; a link cut to a corner above 7, or a ninth cut, stops the program with the
+    /// standard library's assertion. Always returns true.
+    ///
+    /// Throws `std::bad_alloc`; `list` then holds the finished objects of the first configurations, possibly none.
     bool wrapLocal(GLTesselation const& tesselation, GLObjectList* list, bool reduce);
 
   private:
     static float const epsilon;
 
-    /// Replaces the polygons of `object` by one closed triangle fan around the cell centre, provided that there are at
-    /// least 3, none a fan, and each touches the centre once. Returns the number of vertices saved, 0 where refused.
+    /// Replaces the polygons of `object` by one closed triangle fan around the cell centre. Needs at least 3 polygons,
+    /// none a fan, and as many vertices on the centre, counted over all of them, as polygons. Refuses too, where one
+    /// polygon has several centre vertices, if these take more of the fan's vertices than the polygons reserve: 1 for
+    /// each triangle, 2 for each larger polygon. Returns the number of vertices saved; 0 where refused, with `object`
+    /// unchanged.
+    ///
+    /// A rim that does not close up is reported on standard error as "ERROR (triangle fan sort)", without a line end,
+    /// and kept. `direction` is not used. Throws `std::bad_alloc`.
     unsigned int makeTriangleFan(GLObject* object, GLAccess3f const& direction);
     /// Merges pairs of polygons until none is left that `combinePolygons` would join; returns the number of merges.
     unsigned int reducePolygons(GLObject* object, unsigned int n, bool sameNormal);
-    /// Returns a new polygon, owned by the caller, that joins p and q, which share exactly two vertices; null where
-    /// they are not to be joined: a fan, a vertex count that is not `n` (for n other than 0), or, with `sameNormal`
-    /// set, first normals whose dot product is not exactly 1.
+    /// Returns a new polygon, owned by the caller, that joins p and q, which share exactly two vertices (a position
+    /// that one of them holds twice counts twice); null where they are not to be joined: a fan, a vertex count that is
+    /// not `n` (for n other than 0), or, with `sameNormal` set, first normals whose dot product is not exactly 1.
     GLPolygon* combinePolygons(GLPolygon* p, GLPolygon* q, unsigned int n, bool sameNormal);
 };

@@ -44,10 +44,8 @@ class GLPolyh : private std::vector<unsigned int> {
 /// Copies are deep. Indices are not checked except by `setPolyh`.
 class TAMO_EXPORT GLTesselation {
   public:
-    /// Makes an empty subdivision.
-    GLTesselation();
     /// Makes `n` placeholders, as `resize` does.
-    explicit GLTesselation(unsigned int n);
+    GLTesselation(unsigned int n = 0);
     GLTesselation(GLTesselation const& other);
     GLTesselation& operator=(GLTesselation const& other);
     ~GLTesselation();

@@ -35,7 +35,7 @@ GLAPI void GLAPIENTRY glInterleavedArrays(GLenum format, GLsizei stride, GLvoid 
 }
 
 GLAPI void GLAPIENTRY glDrawArrays(GLenum mode, GLint first, GLsizei count) {
-    constexpr int kFloatsPerVertex = 6;
+    constexpr std::ptrdiff_t kFloatsPerVertex = 6;
     note("glDrawArrays", {mode, number(first), number(count)}, {interleaved, interleaved + kFloatsPerVertex * count});
 }
 }

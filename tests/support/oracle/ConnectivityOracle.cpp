@@ -179,14 +179,13 @@ void chain(std::vector<Slot>& slots, unsigned int& unchained) {
 unsigned int fanPlain(PlainObject& object, unsigned int& unchained) {
     unsigned int vertices = 0;
     unsigned int rim = 1;
+    std::size_t centres = 0;
+    bool hasFan = false;
     std::vector<Slot> slots(1);
     slots[0].position = kCentre;
-    if (object.size() < 3) {
-        return 0;
-    }
     for (PlainPolygon const& polygon : object) {
         unsigned int const size = polygon.size();
-        unsigned int centres = 0;
+        hasFan = hasFan || polygon.fan;
         vertices += size;
         rim += size < 4 ? 1 : 2;
         for (unsigned int j = 0; j < size; ++j) {
@@ -199,11 +198,14 @@ unsigned int fanPlain(PlainObject& object, unsigned int& unchained) {
                                  polygon.position((j + k + 1) % size)});
             }
         }
-        if (polygon.fan || centres != 1) {
-            return 0;
-        }
+    }
+    if (object.size() < 3 || hasFan || centres != object.size()) {
+        return 0;
     }
     slots.push_back(slots[1]);
+    if (slots.size() > rim + 1) {
+        return 0;
+    }
     slots.resize(rim + 1);
     chain(slots, unchained);
     PlainPolygon fan;
@@ -223,6 +225,12 @@ PlainObject plainOf(GLObject const& object) {
         plain.push_back(plainOf(*polygon));
     }
     return plain;
+}
+
+void fill(GLObject& object, PlainObject const& polygons) {
+    for (PlainPolygon const& polygon : polygons) {
+        object.push_back(new GLPolygon(libraryOf(polygon)));
+    }
 }
 
 testing::AssertionResult sameObject(GLObject const& actual, PlainObject const& expected) {

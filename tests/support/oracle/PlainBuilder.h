@@ -24,7 +24,7 @@ struct PlainCell {
 class PlainBuilder {
   public:
     /// Builds for the union `config` of link tables. Where two of its tables share a link, the case table stays as it
-    /// was: `hadTable` tells whether there was one.
+    /// was: `hadTable` says whether there was one.
     explicit PlainBuilder(unsigned int config, bool hadTable = true);
 
     [[nodiscard]] PlainCell build(unsigned int configuration, bool recomputeNormals) const;

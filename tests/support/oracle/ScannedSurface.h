@@ -3,7 +3,7 @@
 #pragma once
 
 #include "support/oracle/DrawnSurface.h"
-#include "support/volumes/PlainVolume.h"
+#include "support/volumes/VoxelSet.h"
 
 #include <tamo/surface/IPolygonAggregator.h>
 
@@ -17,15 +17,15 @@ namespace tamo::test {
 /// Collects the triangles that a scan of a volume hands over.
 class ScannedSurface : public IPolygonAggregator {
   public:
-    /// Scans the whole volume, from (0, 0, 0) to `size - 1`, with step 1.
-    ScannedSurface(PlainVolume const& volume, Triple const& size, GLObjectList const& list);
+    /// Scans the box of the set with step 1.
+    ScannedSurface(VoxelSet const& set, GLObjectList const& list);
 
     void start() override {}
     void finish() override {}
     void fetch(GLObject& object, GLCoord3f const& offset) override;
     void fetch(GLObject& object) override;
 
-    /// One drawn triangle and the number of the polygon it belongs to.
+    /// One drawn triangle and the number of its polygon.
     struct Face {
         HalfTriangle corners;
         unsigned int polygon;
@@ -42,20 +42,6 @@ class ScannedSurface : public IPolygonAggregator {
   private:
     std::vector<Face> _faces;
     unsigned int _polygons = 0;
-};
-
-/// What is left of a surface when positions, lengths and angles are forgotten.
-struct SurfaceTopology {
-    /// Takes edges at the same place for one edge. With `polygonsApart`, an edge between two triangles of one polygon
-    /// is that polygon's own, whatever else lies at its place.
-    SurfaceTopology(ScannedSurface const& surface, bool polygonsApart);
-
-    /// Whether every edge has exactly two triangles, which run along it in opposite directions.
-    bool isClosed = true;
-    /// Whether the triangles at every vertex form one ring.
-    bool isManifold = true;
-    std::int64_t euler = 0;
-    std::int64_t components = 0;
 };
 
 } // namespace tamo::test

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "support/volumes/Triple.h"
+
 #include <tamo/geometry/GLtVec3.h>
 
 #include <array>
@@ -9,9 +11,6 @@
 #include <vector>
 
 namespace tamo::test {
-
-/// One value for x, y and z, reachable by axis number.
-using Triple = std::array<int, 3>;
 
 inline GLtVec3<int> toVec3(Triple const& t) { return {t[0], t[1], t[2]}; }
 

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "tools/support/ToolRun.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(CommandLine, WithoutACommandThatIsKnownNamesThemAll) {
+    for (std::vector<std::string> const& arguments :
+         {std::vector<std::string>{}, {"draw"}, {"--colour"}, {"draw", "a.nii"}}) {
+        EXPECT_TRUE(isUsageRefusal(runTool(arguments), "info, render or atlas; see tamo --help"));
+    }
+}
+
+TEST(CommandLine, WithAnUnknownArgumentPointsToTheHelpOfItsCommand) {
+    EXPECT_TRUE(isUsageRefusal(runTool({"info", "a.nii", "--colour", "red"}), "--colour"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"info", "a.nii", "--min", "1"}), "--min; see tamo info --help"));
+    EXPECT_TRUE(
+        isUsageRefusal(runTool({"render", "a.nii", "-o", "a.png", "another"}), "another; see tamo render --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"atlas", "-o", "a.png", "a.nii"}), "a.nii; see tamo atlas --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"--colour", "info", "a.nii"}), "--colour; see tamo --help"));
+}
+
+TEST(CommandLine, WithoutWhatACommandNeedsNamesIt) {
+    EXPECT_TRUE(isUsageRefusal(runTool({"info"}), "volume is required; see tamo info --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.nii"}), "--output is required; see tamo render --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"atlas"}), "--output is required; see tamo atlas --help"));
+}
+
+TEST(CommandLine, WithoutAnOptionsValueOrWithTwoPointsToTheHelpOfTheCommand) {
+    std::string const help = ": expected once, with one value; see tamo render --help";
+    for (char const* const option : {"--step", "--adjacency"}) {
+        EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.nii", "-o", "a.png", option}), option + help));
+        EXPECT_TRUE(
+            isUsageRefusal(runTool({"render", "a.nii", "-o", "a.png", option, "1", option, "1"}), option + help));
+    }
+}
+
+TEST(Help, IsPrintedOnStandardOutput) {
+    for (std::vector<std::string> const& arguments :
+         {std::vector<std::string>{"--help"}, {"info", "--help"}, {"render", "--help"}, {"atlas", "--help"}}) {
+        ToolRun const run = runTool(arguments);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.error, "");
+        EXPECT_NE(run.output.find("xample"), std::string::npos);
+    }
+    EXPECT_EQ(runTool({"--version"}).output.compare(0, 5, "tamo "), 0);
+}
+
+} // namespace

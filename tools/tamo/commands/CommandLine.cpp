@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "CommandLine.h"
+
+#include "../options/VolumeOptions.h"
+#include "../terminal/UsageError.h"
+#include "AtlasCommand.h"
+#include "InfoCommand.h"
+#include "RenderCommand.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <string>
+
+namespace tamo::tool {
+
+namespace {
+
+constexpr char const* kExamples = "\nExample:\n"
+                                  "  tamo info brain.nii.gz\n"
+                                  "  tamo render brain.nii.gz -o brain.png --min 90\n"
+                                  "\nSee also: tamo info --help, tamo render --help, tamo atlas --help";
+
+// Refuses empty values of all options of the commands: what a script has left unset does not stand for the default.
+void refuseEmptyValues(CLI::App& app) {
+    for (CLI::App* const command : app.get_subcommands(nullptr)) {
+        for (CLI::Option* const option : command->get_options()) {
+            option->check([](std::string const& text) { return text.empty() ? "expected a value, found none" : ""; });
+        }
+    }
+}
+
+// Says in one line what is wrong with the arguments.
+std::string messageOf(CLI::ParseError const& error) {
+    std::string const text = error.what();
+    // The parser counts arguments here; all options of this program take one value, once.
+    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)
+               ? text.substr(0, text.find(':')) + ": expected once, with one value"
+               : text;
+}
+
+// Returns how to ask for help on what was wrong: an option of a command is explained by that command.
+std::string helpOf(CLI::App const& app) {
+    bool const isOfCommand = !app.get_subcommands().empty() && app.remaining_size() == 0;
+    return "see tamo " + (isOfCommand ? app.get_subcommands().front()->get_name() + " " : "") + "--help";
+}
+
+// Parses the command line; returns whether there is a command to run, and prints what else is asked for.
+bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
+    try {
+        app.parse(argumentCount, arguments);
+    } catch (CLI::Success const& asked) {
+        app.exit(asked);
+        return false;
+    } catch (CLI::ParseError const& error) {
+        if (app.get_subcommands().empty()) {
+            throw UsageError("expected a command, info, render or atlas; " + helpOf(app));
+        }
+        throw UsageError(messageOf(error) + "; " + helpOf(app));
+    }
+    return true;
+}
+
+} // namespace
+
+void runCommandLine(int argumentCount, char const* const* arguments) {
+    CLI::App app(std::string("Shows volumes and draws the surfaces of their foreground.\n") + kVolumeFormats, "tamo");
+    app.set_version_flag("--version", "tamo " TAMO_VERSION);
+    app.footer(kExamples);
+    app.require_subcommand(1);
+    InfoCommand const info(app);
+    RenderCommand const render(app);
+    AtlasCommand const atlas(app);
+    refuseEmptyValues(app);
+    if (!parse(app, argumentCount, arguments)) {
+        return;
+    }
+    for (Command const* const command : std::array<Command const*, 3>{&info, &render, &atlas}) {
+        if (command->isAsked()) {
+            command->run();
+        }
+    }
+}
+
+} // namespace tamo::tool

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include "../options/VolumeOptions.h"
+#include "Command.h"
+
+namespace tamo::tool {
+
+/// Prints what a volume is: dimensions, type, spacing, value range, bytes.
+class InfoCommand : public Command {
+  public:
+    explicit InfoCommand(CLI::App& program);
+    void run() const override;
+
+  private:
+    VolumeOptions _volume;
+};
+
+} // namespace tamo::tool

@@ -1,0 +1,278 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "RenderCommand.h"
+
+#include "../terminal/Progress.h"
+#include "../terminal/QuietLibraries.h"
+#include "../terminal/StageTimer.h"
+#include "../terminal/UsageError.h"
+#include "../terminal/UserError.h"
+#include "../volume/ScalarType.h"
+#include "../volume/VolumeReader.h"
+#include "../volume/VoxelStatistics.h"
+#include "PictureFile.h"
+#include "Scan.h"
+
+#include "picture/Camera.h"
+#include "picture/OffscreenContext.h"
+#include "picture/Panel.h"
+#include "picture/PictureError.h"
+#include "picture/SurfaceLists.h"
+#include "picture/SurfacePicture.h"
+
+#include <tamo/surface/TAMO.h>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <iostream>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamo::tool {
+
+namespace {
+
+constexpr char const* kExamples =
+    "\nExamples:\n"
+    "  tamo render brain.nii.gz -o brain.png --min 90\n"
+    "  tamo render brain.nii.gz -o both.png --adjacency N6,N26 --box 60,60,60,90,90,90\n"
+    "  tamo render labels.nii.gz -o region.png --min 37 --max 37 --view 90,0\n"
+    "  tamo render scan.raw -o scan.png --dims 512,512,300 --type uint16 --spacing 0.4,0.4,1\n";
+
+// Holds what the options ask for.
+struct RenderOptions {
+    VolumeSource source;
+    std::filesystem::path output;
+    RangeOptions::Limits limits;
+    // At least one; each has a panel of the picture.
+    std::vector<NamedSystem> systems;
+    int step = 1;
+    std::optional<Box> box;
+    picture::PictureSize size{};
+    picture::View view{};
+};
+
+std::string text(Size3 const& v, char const* separator) {
+    return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
+}
+
+// Returns the box to scan, checked against the volume and the step.
+Box chooseBox(RenderOptions const& options, Size3 const& size) {
+    Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (box.last[axis] >= size[axis]) {
+            throw UserError("--box " + text(box.first, ",") + "," + text(box.last, ",") +
+                            ": expected voxels inside the volume of " + text(size, " x "));
+        }
+    }
+    Size3 const sides = box.sides();
+    int const smallest = *std::min_element(sides.begin(), sides.end());
+    if (options.step > smallest) {
+        throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(smallest) +
+                        ", the smallest side of the box");
+    }
+    // The scan takes the address distance of two slices as an int.
+    if (std::int64_t{sides[0]} * sides[1] > std::numeric_limits<int>::max()) {
+        throw UserError(options.source.path.string() + ": expected slices of less than 2^31 voxels, found " +
+                        std::to_string(sides[0]) + " x " + std::to_string(sides[1]) + "; give a smaller --box");
+    }
+    return box;
+}
+
+std::string rangeText(ValueRange range) {
+    return std::isinf(range.max) ? "from " + numberText(range.min)
+                                 : numberText(range.min) + " .. " + numberText(range.max);
+}
+
+// Returns the values that are foreground, and prints them.
+ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
+    ValueRange const found = computeValueRange(volume, options.source.path.string());
+    bool const isAutomatic = !options.limits.min && !options.limits.max;
+    if (isAutomatic && found.min == found.max) {
+        throw UserError(options.source.path.string() +
+                        ": expected two different values to choose --min between, found " + numberText(found.min) +
+                        " alone");
+    }
+    // An upper bound alone asks for everything below it.
+    double const min = options.limits.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : found.min);
+    ValueRange const range{min, options.limits.max.value_or(std::numeric_limits<double>::infinity())};
+    std::cout << "values      " << rangeText(range) << " of " << numberText(found.min) << " .. "
+              << numberText(found.max) << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
+    return range;
+}
+
+Volume readSource(RenderOptions const& options) {
+    Volume volume = [&options] {
+        Progress progress("reading");
+        return readVolume(options.source, progress);
+    }();
+    std::cout << "volume      " << text(volume.size, " x ") << ", " << scalarTypeName(volume.image->GetScalarType())
+              << ", spacing " << volume.spacing[0] << " x " << volume.spacing[1] << " x " << volume.spacing[2] << "\n";
+    return volume;
+}
+
+Scan threshold(RenderOptions const& options, Volume const& volume, Box const& box) {
+    ValueRange const range = chooseRange(options, volume);
+    BinaryVolume binary = [&] {
+        Progress progress("threshold");
+        return makeBinaryVolume(volume, range, box, progress);
+    }();
+    Scan scan{std::move(binary), static_cast<unsigned int>(options.step)};
+    if (scan.binary.foreground == 0) {
+        throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
+                        " (--min, --max), found none");
+    }
+    std::cout << "foreground  " << scan.binary.foreground << " voxels\n";
+    return scan;
+}
+
+GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan const& scan,
+                 GLObjectList const& objects) {
+    Progress progress("counting");
+    progress.announce();
+    GLDataInfo info;
+    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(), objects,
+                  info);
+    if (info.primitives() == 0) {
+        throw UserError("--step " + std::to_string(options.step) + ": expected a step that meets the foreground");
+    }
+    std::cout << "surface     " << system.name << ", step " << options.step << ": " << info.primitives()
+              << " primitives, " << info.triangles() << " triangles, " << info.vertices() << " vertices\n";
+    return info;
+}
+
+// Compiles the surface of a scan into `lists`.
+void compileSurface(Scan const& scan, GLObjectList const& objects, picture::SurfaceLists& lists) {
+    bool const isScanned = [&] {
+        // The scan has a line of its own for this, which names neither file nor option.
+        QuietLibraries const quiet;
+        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(),
+                          objects, lists);
+    }();
+    if (!isScanned) {
+        // All else that a scan refuses has been refused when it was counted.
+        throw UserError("--step " + std::to_string(scan.step) +
+                        ": expected memory for the polygons of this step's cells, found too little");
+    }
+}
+
+picture::CameraFraming frameForeground(BinaryVolume const& binary, Volume const& geometry, picture::View view) {
+    picture::CameraFraming framing(geometry.axes, geometry.spacing, view);
+    visitRowEnds(binary, [&framing](Vector3 const& voxel) { framing.include(voxel); });
+    return framing;
+}
+
+// Draws the surface of every system into its panel.
+class PanelPainter {
+  public:
+    PanelPainter(RenderOptions const& options, Scan const& scan, Volume const& geometry, int samples)
+        : _options(options), _scan(scan), _geometry(geometry), _samples(samples), _picture(options.size) {}
+
+    void draw(std::size_t i, GLObjectList const& objects, GLDataInfo const& info, StageTimer& timer) {
+        auto const lists = timer.run("scan", [&] { return compile(objects, info); });
+        timer.run("draw", [&] { drawPanel(i, lists->names()); });
+    }
+
+    [[nodiscard]] picture::Picture const& picture() const { return _picture; }
+
+  private:
+    [[nodiscard]] std::unique_ptr<picture::SurfaceLists> compile(GLObjectList const& objects,
+                                                                 GLDataInfo const& info) const {
+        Progress progress("scanning");
+        progress.update(0);
+        Size3 const& first = _scan.binary.first;
+        GLCoord3f const origin(static_cast<float>(first[0]), static_cast<float>(first[1]),
+                               static_cast<float>(first[2]));
+        auto lists = std::make_unique<picture::SurfaceLists>(origin, info.primitives(), progress.callback());
+        compileSurface(_scan, objects, *lists);
+        return lists;
+    }
+
+    void drawPanel(std::size_t i, std::vector<unsigned int> lists) {
+        picture::Panel const panel = picture::panelOf(_options.size, i, _options.systems.size());
+        std::optional<picture::DisplayList> label;
+        if (_options.systems.size() > 1) {
+            label.emplace(picture::compileLabel(_options.systems[i].name, panel.size, _samples));
+            lists.push_back(label->name());
+        }
+        picture::CameraFraming const framing = frameForeground(_scan.binary, _geometry, _options.view);
+        // The surface cuts the links between samples at their middle, so it reaches half a cell beyond a voxel.
+        picture::Camera const camera = framing.place(panel.size, 0.5 * _scan.step);
+        Progress progress("drawing");
+        try {
+            _picture.place(picture::drawSurface(lists, camera, panel.size, _samples, progress.callback()), panel.left);
+        } catch (picture::PictureMemoryError const& error) {
+            throw UserError(std::string(error.what()) + "; try a larger --step");
+        }
+    }
+
+    RenderOptions const& _options;
+    Scan const& _scan;
+    Volume const& _geometry;
+    int _samples;
+    picture::Picture _picture;
+};
+
+} // namespace
+
+RenderCommand::RenderCommand(CLI::App& program)
+    : Command(program, "render", "Draw the surface of the foreground into a PNG picture"), _volume(app()),
+      _output(app()), _range(app()), _adjacency(app(), "are drawn side by side"), _scan(app()),
+      _picture(app(), {"1200x900", "-35,15",
+                       "Degrees. Azimuth 0 looks from the end of the y axis (the front), 90 from that of x (the right "
+                       "side); elevation 90 looks from above"}) {
+    app().add_flag("--verbose", _isVerbose, "Print wall time and peak memory of each stage");
+    app().footer(std::string("\n") + kVolumeFormats + kExamples);
+}
+
+void RenderCommand::run() const {
+    RenderOptions const options{_volume.read(),   _output.read(),  _range.read(),       _adjacency.read(),
+                                _scan.readStep(), _scan.readBox(), _picture.readSize(), _picture.readView()};
+    if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
+        throw UsageError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
+                         ": expected a pixel of width or more for each --adjacency");
+    }
+    int const samples = picture::chooseSamples(options.size);
+    StageTimer timer;
+    PictureFile file(options.output);
+
+    // The lists come first: a system that cannot be built should not wait for the volume.
+    std::size_t const systems = options.systems.size();
+    std::vector<GLObjectList> objects(systems);
+    timer.run("object list", [&] {
+        for (std::size_t i = 0; i < systems; ++i) {
+            makeObjects(options.systems[i], objects[i]);
+        }
+    });
+    Volume volume = timer.run("read", [&] { return readSource(options); });
+    Box const box = chooseBox(options, volume.size);
+    Scan const scan = timer.run("threshold", [&] { return threshold(options, volume, box); });
+    // Size, spacing and axes are still needed, the voxels are not.
+    volume.image = nullptr;
+    std::vector<GLDataInfo> infos(systems);
+    timer.run("count", [&] {
+        for (std::size_t i = 0; i < systems; ++i) {
+            infos[i] = count(options.systems[i], options, scan, objects[i]);
+        }
+    });
+
+    picture::OffscreenContext const context(options.size.width * samples, options.size.height * samples);
+    PanelPainter painter(options, scan, volume, samples);
+    for (std::size_t i = 0; i < systems; ++i) {
+        painter.draw(i, objects[i], infos[i], timer);
+    }
+    timer.run("write", [&] { file.write(painter.picture()); });
+    std::cout << "picture     " << options.output.string() << ", " << options.size.width << " x " << options.size.height
+              << "\n";
+    if (_isVerbose) {
+        timer.print(std::cout);
+    }
+}
+
+} // namespace tamo::tool

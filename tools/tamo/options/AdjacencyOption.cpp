@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "AdjacencyOption.h"
+
+#include "../terminal/UsageError.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace tamo::tool {
+
+AdjacencyOption::AdjacencyOption(CLI::App& command, std::string const& several) {
+    command
+        .add_option(
+            "--adjacency", _text,
+            "Adjacency system: N6 (or 6), N8, N12, N14I, N14II or N26 (or 26); several, with commas between them, " +
+                several)
+        ->type_name("NAME,...")
+        ->capture_default_str();
+}
+
+std::vector<NamedSystem> AdjacencyOption::read() const {
+    std::vector<NamedSystem> systems;
+    std::size_t start = 0;
+    while (start <= _text.size()) {
+        std::size_t const end = std::min(_text.find(',', start), _text.size());
+        auto const system = findSystem(_text.substr(start, end - start));
+        if (!system) {
+            refuse("N6 (or 6), N8, N12, N14I, N14II or N26 (or 26), or several of them with commas between");
+        }
+        systems.push_back(*system);
+        start = end + 1;
+    }
+    return systems;
+}
+
+void AdjacencyOption::refuse(std::string const& expected) const {
+    throw UsageError("--adjacency " + _text + ": expected " + expected);
+}
+
+} // namespace tamo::tool

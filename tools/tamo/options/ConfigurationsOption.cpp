@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "ConfigurationsOption.h"
+
+#include "../terminal/UsageError.h"
+#include "OptionValues.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace tamo::tool {
+
+ConfigurationsOption::ConfigurationsOption(CLI::App& command) {
+    command.add_option("--configurations", _text, "Numbers from 0 to 255 of those to draw (default: all)")
+        ->type_name("N,...");
+}
+
+std::vector<int> ConfigurationsOption::read() const {
+    if (_text.empty()) {
+        return {};
+    }
+    std::string const expected = "whole numbers from 0 to 255 with commas between them";
+    auto const count = static_cast<std::size_t>(std::count(_text.begin(), _text.end(), ',')) + 1;
+    std::vector<int> configurations = parseWholes("--configurations", _text, ',', count, 0, expected);
+    if (*std::max_element(configurations.begin(), configurations.end()) > 255) {
+        throw UsageError("--configurations " + _text + ": expected " + expected);
+    }
+    return configurations;
+}
+
+} // namespace tamo::tool

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace tamo::tool {
+
+/// Is the option that names configurations of the cell.
+class ConfigurationsOption {
+  public:
+    explicit ConfigurationsOption(CLI::App& command);
+
+    /// Returns numbers from 0 to 255, none where the option is not given. Throws `UsageError`.
+    [[nodiscard]] std::vector<int> read() const;
+
+  private:
+    std::string _text;
+};
+
+} // namespace tamo::tool

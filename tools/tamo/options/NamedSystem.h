@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <tamo/neighborhood/Neighborhood.h>
+#include <tamo/objects/GLObjectList.h>
+
+#include <optional>
+#include <string>
+
+namespace tamo::tool {
+
+/// Is an adjacency system and the name that pictures and figures show.
+struct NamedSystem {
+    std::string name;
+    Neighborhood::NHConfig config;
+};
+
+/// Returns the system of a name in either case, or of the aliases 6 and 26; nothing where there is none.
+std::optional<NamedSystem> findSystem(std::string const& name);
+
+/// Fills `objects` with the polygons of the system. Throws `UserError` where the library refuses it.
+void makeObjects(NamedSystem const& system, GLObjectList& objects);
+
+} // namespace tamo::tool

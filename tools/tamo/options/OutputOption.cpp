@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "OutputOption.h"
+
+#include "../terminal/UsageError.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tamo::tool {
+
+OutputOption::OutputOption(CLI::App& command) {
+    command.add_option("-o,--output", _text, "The picture to write")->required()->type_name("PICTURE.png");
+}
+
+std::filesystem::path OutputOption::read() const {
+    std::filesystem::path const path = _text;
+    if (path.extension() != ".png") {
+        throw UsageError("--output " + _text + ": expected a file name that ends in .png");
+    }
+    return path;
+}
+
+} // namespace tamo::tool

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace tamo::tool {
+
+/// Is the option that names the picture to write.
+class OutputOption {
+  public:
+    explicit OutputOption(CLI::App& command);
+
+    /// Throws `UsageError` for a name that does not end in .png.
+    [[nodiscard]] std::filesystem::path read() const;
+
+  private:
+    std::string _text;
+};
+
+} // namespace tamo::tool

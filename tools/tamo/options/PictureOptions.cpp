@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "PictureOptions.h"
+
+#include "../terminal/UsageError.h"
+#include "OptionValues.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tamo::tool {
+
+PictureOptions::PictureOptions(CLI::App& command, Defaults const& defaults)
+    : _size(defaults.size), _view(defaults.view) {
+    command.add_option("--size", _size, "Pixels of the picture")->type_name("WxH")->capture_default_str();
+    command.add_option("--view", _view, defaults.viewHelp)->type_name("AZIMUTH,ELEVATION")->capture_default_str();
+}
+
+picture::PictureSize PictureOptions::readSize() const {
+    auto const size = parseWholes("--size", _size, 'x', 2, 1, "WxH, two whole numbers of at least 1");
+    if (std::max(size[0], size[1]) > picture::kMaxPictureSide) {
+        throw UsageError("--size " + _size + ": expected at most " + std::to_string(picture::kMaxPictureSide) +
+                         " pixels a side");
+    }
+    return {size[0], size[1]};
+}
+
+picture::View PictureOptions::readView() const {
+    std::string const expected = "AZIMUTH,ELEVATION, two numbers of degrees, the second from -90 to 90";
+    auto const view = parseNumbers("--view", _view, ',', 2, expected);
+    if (std::abs(view[1]) > 90) {
+        throw UsageError("--view " + _view + ": expected " + expected);
+    }
+    return {view[0], view[1]};
+}
+
+} // namespace tamo::tool

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include "picture/PictureSize.h"
+#include "picture/View.h"
+
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace tamo::tool {
+
+/// Are the options that say how large a picture is and from where it is seen.
+class PictureOptions {
+  public:
+    /// Holds what the options are where they are not given, and what the view's help text says.
+    struct Defaults {
+        std::string size;
+        std::string view;
+        std::string viewHelp;
+    };
+
+    PictureOptions(CLI::App& command, Defaults const& defaults);
+
+    /// Throws `UsageError` for a size that no picture can have.
+    [[nodiscard]] picture::PictureSize readSize() const;
+    /// Throws `UsageError` for values that are not angles.
+    [[nodiscard]] picture::View readView() const;
+
+  private:
+    std::string _size;
+    std::string _view;
+};
+
+} // namespace tamo::tool

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "ScanOptions.h"
+
+#include "../terminal/UsageError.h"
+#include "OptionValues.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tamo::tool {
+
+ScanOptions::ScanOptions(CLI::App& command) {
+    command.add_option("--step", _step, "Use every K-th voxel along each axis")->type_name("K")->capture_default_str();
+    command.add_option("--box", _box, "First and last voxel of the box to draw, both included (default: all)")
+        ->type_name("X0,Y0,Z0,X1,Y1,Z1");
+}
+
+int ScanOptions::readStep() const { return parseWhole("--step", _step, 1); }
+
+std::optional<Box> ScanOptions::readBox() const {
+    if (_box.empty()) {
+        return {};
+    }
+    std::string const expected = "six whole numbers X0,Y0,Z0,X1,Y1,Z1, the first voxel and the last";
+    auto const v = parseWholes("--box", _box, ',', 6, 0, expected);
+    Box const box{{v[0], v[1], v[2]}, {v[3], v[4], v[5]}};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (box.first[axis] > box.last[axis]) {
+            throw UsageError("--box " + _box + ": expected " + expected + ", which must not lie before it");
+        }
+    }
+    return box;
+}
+
+} // namespace tamo::tool

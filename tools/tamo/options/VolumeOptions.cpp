@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "VolumeOptions.h"
+
+#include "../terminal/UsageError.h"
+#include "../volume/ScalarType.h"
+#include "OptionValues.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <vector>
+
+namespace tamo::tool {
+
+namespace {
+
+template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
+    return {values[0], values[1], values[2]};
+}
+
+} // namespace
+
+VolumeOptions::VolumeOptions(CLI::App& command) {
+    command.add_option("volume", _volume, "File or folder of the volume")->required()->type_name("VOLUME");
+    command.add_option("--dims", _dims, "Bare voxels: their number along x, y and z, x fastest")->type_name("X,Y,Z");
+    command
+        .add_option("--type", _type,
+                    "Bare voxels: uint8, int8, uint16, int16, uint32, int32, uint64, int64, float32 or float64")
+        ->type_name("TYPE");
+    command.add_option("--header", _header, "Bare voxels: bytes before the first one (default 0)")->type_name("BYTES");
+    command.add_flag("--big-endian", _isBigEndian, "Bare voxels: the most significant byte comes first");
+    command.add_option("--spacing", _spacing, "Distance between voxels, in place of the file's")->type_name("X,Y,Z");
+}
+
+RawLayout VolumeOptions::readLayout() const {
+    if (_dims.empty() || _type.empty()) {
+        throw UsageError(std::string(_dims.empty() ? "--dims" : "--type") +
+                         ": expected with bare voxels, together with " + (_dims.empty() ? "--type" : "--dims"));
+    }
+    RawLayout layout;
+    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 1, "three whole numbers of at least 1: X,Y,Z"));
+    auto const type = std::find_if(kScalarTypes.begin(), kScalarTypes.end(),
+                                   [this](ScalarType const& candidate) { return candidate.name == _type; });
+    if (type == kScalarTypes.end()) {
+        throw UsageError("--type " + _type +
+                         ": expected uint8, int8, uint16, int16, uint32, int32, uint64, int64, float32 or float64");
+    }
+    layout.vtkType = type->vtkType;
+    layout.isBigEndian = _isBigEndian;
+    layout.headerBytes = _header.empty() ? 0 : static_cast<std::uint64_t>(parseWhole("--header", _header, 0));
+    return layout;
+}
+
+VolumeSource VolumeOptions::read() const {
+    VolumeSource source;
+    source.path = _volume;
+    if (!_dims.empty() || !_type.empty() || !_header.empty() || _isBigEndian) {
+        source.raw = readLayout();
+    }
+    if (!_spacing.empty()) {
+        std::string const expected = "three positive numbers: X,Y,Z";
+        source.spacing = triple(parseNumbers("--spacing", _spacing, ',', 3, expected));
+        if (*std::min_element(source.spacing->begin(), source.spacing->end()) <= 0) {
+            throw UsageError("--spacing " + _spacing + ": expected " + expected);
+        }
+    }
+    return source;
+}
+
+} // namespace tamo::tool
