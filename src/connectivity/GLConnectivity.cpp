@@ -61,7 +61,7 @@ class PolyhedronCut {
     }
 
   private:
-    void add(GLAccess3f const& foreground, GLAccess3f const& background) {
+    void add(GLConstAccess3f const& foreground, GLConstAccess3f const& background) {
         _positions[_count] = (foreground + background) * 0.5F;
         _direction += background - foreground;
         ++_count;

@@ -53,10 +53,9 @@ GLAccess3f GLPolygon::normal(unsigned int i) { return GLAccess3f(vData(i)); }
 GLAccess3f GLPolygon::vertex(unsigned int i) { return GLAccess3f(vData(i) + kPositionOffset); }
 GLAccessNV GLPolygon::access(unsigned int i) { return {vData(i) + kPositionOffset, vData(i)}; }
 
-// The const forms hand out the same view, made read-only by the const of the result; the cast never leads to a write.
-GLAccess3f const GLPolygon::normal(unsigned int i) const { return const_cast<GLPolygon*>(this)->normal(i); }
-GLAccess3f const GLPolygon::vertex(unsigned int i) const { return const_cast<GLPolygon*>(this)->vertex(i); }
-GLAccessNV const GLPolygon::access(unsigned int i) const { return const_cast<GLPolygon*>(this)->access(i); }
+GLConstAccess3f GLPolygon::normal(unsigned int i) const { return GLConstAccess3f(vData(i)); }
+GLConstAccess3f GLPolygon::vertex(unsigned int i) const { return GLConstAccess3f(vData(i) + kPositionOffset); }
+GLConstAccessNV GLPolygon::access(unsigned int i) const { return {vData(i) + kPositionOffset, vData(i)}; }
 
 bool GLPolygon::isFan() const { return _fan; }
 bool GLPolygon::isStrip() const { return _strip; }
@@ -97,7 +96,7 @@ int GLPolygon::type() const {
 bool GLPolygon::resize(unsigned int n) {
     _data.resize(floatCount(n), 0.0F);
     _count = n;
-    // Compares two different units (vertices and floats, 32-bit); callers have always ignored the result.
+    // Compares vertices with floats, in 32 bits: part of the interface, though it does not tell success.
     return n == static_cast<unsigned int>(kFloatsPerVertex) * n;
 }
 
@@ -152,7 +151,7 @@ GLVec3f GLPolygon::sortCCW(GLAccess3f const& reference) {
         return c;
     }
     GLVec3f direction;
-    // A closed polygon repeats its first rim vertex at the end; reordering would tear it open.
+    // A closed fan repeats its first rim vertex at the end; reordering would tear it open.
     if (_closed || _count < 3) {
         direction.normalize();
         return direction;
@@ -161,7 +160,7 @@ GLVec3f GLPolygon::sortCCW(GLAccess3f const& reference) {
         float nearest = vertex(i).squaredDistance(vertex(i + 1));
         for (unsigned int j = i + 1; j < _count; ++j) {
             float const distance = vertex(i).squaredDistance(vertex(j));
-            // Written so that a non-number skips j; a tie does not.
+            // Written so that NaN, on either side, skips j; a tie does not.
             if (!(distance <= nearest)) {
                 continue;
             }

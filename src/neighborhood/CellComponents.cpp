@@ -1,5 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "../objects/Configurations.h"
+#include "CornerBits.h"
+
 #include <tamo/neighborhood/Neighborhood.h>
 
 #include <array>
@@ -10,7 +13,7 @@ namespace {
 // Finds the pieces of the corner set `corners` under the links numbered in `list`.
 unsigned int findComponents(unsigned int corners, std::vector<unsigned char> const& links,
                             std::vector<unsigned int> const& list, std::vector<unsigned char>& objects) {
-    std::array<unsigned int, 8> slots{};
+    std::array<unsigned int, tamo::kCornerCount> slots{};
     std::size_t used = 0;
     for (unsigned int v = 0; v < slots.size(); ++v) {
         unsigned int const corner = 1U << v;
@@ -26,7 +29,7 @@ unsigned int findComponents(unsigned int corners, std::vector<unsigned char> con
         slots[used++] = star;
     }
 
-    // The slots behind i are disjoint by the time i is treated, so that one pass joins everything.
+    // The slots behind i are disjoint by the time i is treated, so one pass joins everything.
     for (std::size_t i = slots.size() - 1; i-- > 0;) {
         for (std::size_t j = slots.size() - 1; j > i; --j) {
             if ((slots[i] & slots[j]) != 0) {
@@ -52,6 +55,5 @@ unsigned int Neighborhood::getFgObjects(unsigned char conf, std::vector<unsigned
 }
 
 unsigned int Neighborhood::getBgObjects(unsigned char conf, std::vector<unsigned char>& objects) const {
-    constexpr unsigned int kAllCorners = 255;
-    return findComponents(kAllCorners - conf, _conn, _bgConn, objects);
+    return findComponents(tamo::kFullCell - conf, _conn, _bgConn, objects);
 }

@@ -15,4 +15,16 @@ constexpr unsigned int nextCorner(unsigned int corners, unsigned int from) {
     return from;
 }
 
+/// The two corners of a link.
+struct LinkEnds {
+    unsigned int lower;
+    unsigned int higher;
+};
+
+/// Returns the corners of `link`, the byte with their two bits set.
+constexpr LinkEnds endsOf(unsigned char link) {
+    unsigned int const lower = nextCorner(link, 0);
+    return {lower, nextCorner(link, lower + 1)};
+}
+
 } // namespace tamo

@@ -19,4 +19,4 @@ GLUnitCube::GLUnitCube() : _positions(), _accessors(viewsOf(_positions.data(), s
     }
 }
 
-GLAccess3f const& GLUnitCube::vertex(unsigned int i) const { return _accessors[i]; }
+GLConstAccess3f const& GLUnitCube::vertex(unsigned int i) const { return _accessors[i]; }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "CornerBits.h"
+#include "LinkTables.h"
 
 #include <tamo/neighborhood/Neighborhood.h>
 
@@ -10,6 +11,13 @@
 #include <iostream>
 #include <iterator>
 
+// The sizes are symbols of the library like the tables; as inline variables they would be unique ones.
+unsigned int const Neighborhood::_edgeSize;
+unsigned int const Neighborhood::_fDiagSize;
+unsigned int const Neighborhood::_sDiagSize;
+unsigned int const Neighborhood::_n14iDiagSize;
+unsigned int const Neighborhood::_n14iiDiagSize;
+
 // The order of every table is significant: it numbers the links, and every list of links follows it. Face diagonals
 // come in crossing pairs, face by face: z = 0, z = 1, y = 1, y = 0, x = 1, x = 0.
 unsigned char const Neighborhood::_edge[_edgeSize] = {0x03, 0x0a, 0x0c, 0x05, 0x11, 0x22,
@@ -17,7 +25,7 @@ unsigned char const Neighborhood::_edge[_edgeSize] = {0x03, 0x0a, 0x0c, 0x05, 0x
 unsigned char const Neighborhood::_fDiag[_fDiagSize] = {0x06, 0x09, 0x60, 0x90, 0x84, 0x48,
                                                         0x12, 0x21, 0x82, 0x28, 0x41, 0x14};
 unsigned char const Neighborhood::_sDiag[_sDiagSize] = {0x81, 0x42, 0x24, 0x18};
-// The space diagonal 0-7 with the face diagonals that end in corner 0 or 7, one a face.
+// The space diagonal 0-7 with the face diagonals that end in corner 0 or 7, one per face.
 unsigned char const Neighborhood::_n14iDiag[_n14iDiagSize] = {0x81, 0x41, 0x82, 0x21, 0x84, 0x09, 0x90};
 // The same, with the diagonals of the faces x = 0 and x = 1 exchanged for those that cross them.
 unsigned char const Neighborhood::_n14iiDiag[_n14iiDiagSize] = {0x81, 0x14, 0x28, 0x21, 0x84, 0x09, 0x90};
@@ -57,7 +65,7 @@ void Neighborhood::clear() {
 }
 
 bool Neighborhood::connect(unsigned char link) {
-    // Both texts name the class that connects; callers compare them.
+    // Both texts name the derived class for which links are connected; callers compare them.
     if (std::bitset<8>(link).count() != 2) {
         throw TamoException("GLConn::connect ERROR:invalid connection");
     }
@@ -78,29 +86,18 @@ bool Neighborhood::isCrossing(unsigned char a, unsigned char b) const {
         return false;
     }
     auto const midpoint = [this](unsigned char link) {
-        unsigned int const low = tamo::nextCorner(_conn[link], 0);
-        unsigned int const high = tamo::nextCorner(_conn[link], low + 1);
-        GLAccess3f const& lower = _vertices->vertex(low);
-        return GLVec3f(lower) + (_vertices->vertex(high) - lower) * 0.5F;
+        tamo::LinkEnds const ends = tamo::endsOf(_conn[link]);
+        GLConstAccess3f const& lower = _vertices->vertex(ends.lower);
+        return GLVec3f(lower) + (_vertices->vertex(ends.higher) - lower) * 0.5F;
     };
     return midpoint(a) == midpoint(b);
 }
 
 bool Neighborhood::setupNeighborhood(NHConfig config) {
-    struct Table {
-        unsigned int bit;
-        unsigned char const* links;
-        unsigned int size;
-    };
-    Table const tables[] = {{1, _edge, _edgeSize},
-                            {2, _fDiag, _fDiagSize},
-                            {4, _sDiag, _sDiagSize},
-                            {8, _n14iDiag, _n14iDiagSize},
-                            {16, _n14iiDiag, _n14iiDiagSize}};
     clear();
-    for (Table const& table : tables) {
+    for (tamo::LinkTable const& table : tamo::LinkTables::all()) {
         if ((config & table.bit) != 0) {
-            std::for_each(table.links, table.links + table.size, [this](unsigned char link) { connect(link); });
+            std::for_each(table.begin(), table.end(), [this](unsigned char link) { connect(link); });
         }
     }
     _config = config;

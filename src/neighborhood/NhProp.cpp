@@ -1,11 +1,31 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "CornerBits.h"
+#include "LinkTables.h"
 
 #include <tamo/neighborhood/NhProp.h>
 
-#include <algorithm>
-#include <iterator>
+namespace {
+
+// Adds `bit` to the words of the links numbered in `links`.
+void mark(std::vector<unsigned int>& words, std::vector<unsigned int> const& links, unsigned int bit) {
+    for (unsigned int const i : links) {
+        // A derived class may keep other numbers in these lists; only those of links count.
+        if (i < words.size()) {
+            words[i] |= bit;
+        }
+    }
+}
+
+// Returns the direction from one corner to another, which has unit length already where the two share an edge.
+GLVec3f directionOf(GLVec3f difference, bool isEdge) {
+    if (!isEdge) {
+        difference.normalize();
+    }
+    return difference;
+}
+
+} // namespace
 
 NhProp::NhProp()
     : _mid(getConnSize()), _dirUp(getConnSize()), _dirDown(getConnSize()), _vInfo(getConnSize()), _p0(getConnSize()),
@@ -14,53 +34,23 @@ NhProp::NhProp()
 NhProp::~NhProp() = default;
 
 bool NhProp::setupProp() {
-    setupInfo();
     for (unsigned int i = 0; i < getConnSize(); ++i) {
-        setupGeometry(i);
+        _vInfo[i] = tamo::LinkTables::typeOf(getConn(i));
+    }
+    mark(_vInfo, _bgConn, kBackgroundInfo);
+    mark(_vInfo, _fgConn, kForegroundInfo);
+    for (unsigned int i = 0; i < getConnSize(); ++i) {
+        tamo::LinkEnds const ends = tamo::endsOf(getConn(i));
+        _p0[i] = static_cast<unsigned char>(ends.lower);
+        _p1[i] = static_cast<unsigned char>(ends.higher);
+        GLConstAccess3f const& lower = _vertices->vertex(ends.lower);
+        GLConstAccess3f const& higher = _vertices->vertex(ends.higher);
+        bool const isEdge = (_vInfo[i] & kEdgeInfo) != 0;
+        _mid[i] = (lower + higher) * 0.5F;
+        _dirUp[i] = directionOf(higher - lower, isEdge);
+        _dirDown[i] = directionOf(lower - higher, isEdge);
     }
     return true;
-}
-
-void NhProp::setupInfo() {
-    auto const isIn = [](auto const& table, unsigned char link) {
-        return std::find(std::begin(table), std::end(table), link) != std::end(table);
-    };
-    for (unsigned int i = 0; i < getConnSize(); ++i) {
-        unsigned char const link = getConn(i);
-        if (isIn(_edge, link)) {
-            _vInfo[i] = kEdgeInfo;
-        } else if (isIn(_fDiag, link)) {
-            _vInfo[i] = kFaceDiagonalInfo;
-        } else if (isIn(_sDiag, link)) {
-            _vInfo[i] = kSpaceDiagonalInfo;
-        }
-    }
-    // A derived class may keep other numbers in these lists; only those of links count.
-    auto const mark = [this](std::vector<unsigned int> const& links, unsigned int bit) {
-        for (unsigned int const i : links) {
-            if (i < _vInfo.size()) {
-                _vInfo[i] |= bit;
-            }
-        }
-    };
-    mark(_bgConn, kBackgroundInfo);
-    mark(_fgConn, kForegroundInfo);
-}
-
-void NhProp::setupGeometry(unsigned int link) {
-    unsigned char const corners = getConn(link);
-    _p0[link] = static_cast<unsigned char>(tamo::nextCorner(corners, 0));
-    _p1[link] = static_cast<unsigned char>(tamo::nextCorner(corners, _p0[link] + 1U));
-    GLAccess3f const& lower = _vertices->vertex(_p0[link]);
-    GLAccess3f const& higher = _vertices->vertex(_p1[link]);
-    _mid[link] = (lower + higher) * 0.5F;
-    _dirUp[link] = higher - lower;
-    _dirDown[link] = lower - higher;
-    // Edges have unit length already.
-    if ((_vInfo[link] & (kFaceDiagonalInfo | kSpaceDiagonalInfo)) != 0) {
-        _dirUp[link].normalize();
-        _dirDown[link].normalize();
-    }
 }
 
 unsigned char NhProp::getP0ofConn(unsigned int i) const {

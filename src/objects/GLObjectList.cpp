@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "appendOwned.h"
+
 #include <tamo/objects/GLObjectList.h>
 
 #include <algorithm>
@@ -16,8 +18,12 @@ GLObject::GLObject(GLObject const& other, float scale) {
     // Room for all first: appending then cannot fail, and a failure in the loop is the polygon's own.
     reserve(other.size());
     for (GLPolygon const* polygon : other) {
+        if (polygon == nullptr) {
+            push_back(nullptr);
+            continue;
+        }
         try {
-            push_back(std::make_unique<GLPolygon>(*polygon, scale).release());
+            tamo::appendOwned(*this, std::make_unique<GLPolygon>(*polygon, scale));
         } catch (std::bad_alloc const&) {
             std::cerr << "Polygon could not be created" << std::endl;
         }
@@ -29,8 +35,11 @@ bool GLObject::replace(GLPolygon* oldPolygon, GLPolygon* newPolygon) {
     if (slot == end()) {
         return false;
     }
-    delete oldPolygon;
-    *slot = newPolygon;
+    // The object must not keep what it has deleted.
+    if (oldPolygon != newPolygon) {
+        delete oldPolygon;
+        *slot = newPolygon;
+    }
     return true;
 }
 
@@ -42,8 +51,10 @@ bool GLObject::erase(GLPolygon* polygon) {
 
 GLObjectList::GLObjectList() = default;
 
-GLObjectList::GLObjectList(GLObjectList const& other, float scale)
-    : Vb::PointerContainer<std::vector<GLObject*>>(static_cast<int>(other.size())) {
+// The base's own copy constructor would share the objects.
+// NOLINTNEXTLINE(bugprone-copy-constructor-init)
+GLObjectList::GLObjectList(GLObjectList const& other, float scale) : PointerContainer() {
+    resize(other.size());
     for (unsigned int i = 0; i < size(); ++i) {
         try {
             (*this)[i] = new GLObject(*other[i], scale);

@@ -2,9 +2,15 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/geometry/GLAccessNV.h>
 
+#include "support/WritableView.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
+#include <utility>
+
+static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<GLAccessNV const&>().vertex())>);
+static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<GLAccessNV const&>().normal())>);
 
 namespace {
 

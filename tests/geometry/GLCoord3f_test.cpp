@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <type_traits>
 
 static_assert(std::is_trivially_copyable_v<GLCoord3f>);
@@ -27,6 +28,9 @@ TEST(GLCoord3f, EqualsOnlyInAllComponents) {
         EXPECT_FALSE(c == other);
         EXPECT_TRUE(c != other);
     }
+    GLCoord3f const infinite{INFINITY, 0, -INFINITY};
+    EXPECT_TRUE(infinite == (GLCoord3f{INFINITY, 0, -INFINITY}));
+    EXPECT_TRUE(infinite != (GLCoord3f{INFINITY, 0, INFINITY}));
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <new>
 
 namespace {
@@ -49,6 +50,23 @@ TEST(GLPolygonAllocation, FailedConstructionLeaksNothing) {
         EXPECT_THROW(GLPolygon(polygon, GLCoord3f{1, 2, 3}), std::bad_alloc);
     }
     EXPECT_EQ(FailingNew::liveBlocks(), before);
+}
+
+// 19.2 GB are only asked for, never given.
+TEST(GLPolygonAllocation, FloatsBeyondThirtyTwoBitsAreCountedInFull) {
+    constexpr unsigned int kVertices = 800000000U;
+    constexpr std::size_t kBytes = std::size_t{kVertices} * 6 * sizeof(float);
+    static_assert(kBytes / sizeof(float) > 0xffffffffU);
+    {
+        FailingNew const guard(1);
+        EXPECT_THROW(GLPolygon{kVertices}, std::bad_alloc);
+        EXPECT_EQ(FailingNew::lastSize(), kBytes);
+    }
+    GLPolygon polygon(0);
+    FailingNew const guard(1);
+    EXPECT_THROW(polygon.resize(kVertices), std::bad_alloc);
+    EXPECT_EQ(FailingNew::lastSize(), kBytes);
+    EXPECT_EQ(polygon.size(), 0U);
 }
 
 TEST(GLPolygonAllocation, NormalsAndOrderingAllocateNothing) {

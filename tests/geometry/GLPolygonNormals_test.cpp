@@ -39,7 +39,7 @@ void setFlags(PlainPolygon& polygon, unsigned int flags) {
     polygon.ccw = (flags & 8U) != 0;
 }
 
-// The lattice makes degenerate corners, whose normals are non-numbers in both.
+// The lattice makes degenerate corners, whose normals are NaN in both.
 class ComputedNormals : public testing::TestWithParam<unsigned int> {};
 
 TEST_P(ComputedNormals, FollowTheRuleOfTheDrawingModeToTheLastBit) {
@@ -135,7 +135,20 @@ TEST(GLPolygonNormals, StripRuleGoesBeforeTheFanRule) {
     EXPECT_TRUE(samePolygon(polygon, strip));
 }
 
-TEST(GLPolygonNormals, CollinearVerticesGiveNonNumbersAndSuccess) {
+TEST(GLPolygonNormals, OfAFlatStripPointInwardAtVerticesThreeFiveSeven) {
+    GLPolygon strip(9);
+    for (unsigned int i = 0; i < 9; ++i) {
+        strip.vertex(i) = GLVec3f(static_cast<float>(i % 2), 0.5F * static_cast<float>(i), 0);
+    }
+    strip.setStrip(true);
+    EXPECT_TRUE(strip.setNormals());
+    for (unsigned int i = 0; i < 9; ++i) {
+        bool const isInward = i >= 3 && i % 2 == 1;
+        EXPECT_EQ(strip.normal(i), GLVec3f(0, 0, isInward ? -1.0F : 1.0F)) << i;
+    }
+}
+
+TEST(GLPolygonNormals, CollinearVerticesGiveNaNAndSuccess) {
     GLPolygon polygon = polygonOf({{0, 0, 0}, {1, 1, 1}, {2, 2, 2}});
     EXPECT_TRUE(polygon.setNormals());
     for (unsigned int i = 0; i < 3; ++i) {

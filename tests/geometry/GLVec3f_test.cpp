@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <random>
 #include <type_traits>
 
@@ -54,6 +55,18 @@ TEST(GLVec3f, EqualsOnlyInAllComponentsExactly) {
     EXPECT_FALSE(none == none);
 }
 
+TEST(GLVec3f, InfinitiesOfTheSameSignAreEqual) {
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    for (float GLVec3f::*const component : {&GLVec3f::x, &GLVec3f::y, &GLVec3f::z}) {
+        GLVec3f a{1, 2, 3};
+        a.*component = kInfinity;
+        GLVec3f b = a;
+        EXPECT_TRUE(a == b && !(a != b));
+        b.*component = -kInfinity;
+        EXPECT_TRUE(a != b && !(a == b));
+    }
+}
+
 TEST(GLVec3f, CrossProductIsRightHanded) {
     GLVec3f const x{1, 0, 0};
     GLVec3f const y{0, 1, 0};
@@ -79,7 +92,7 @@ TEST(GLVec3f, ProductsAndLengthsAreRoundedInComponentOrder) {
     }
 }
 
-TEST(GLVec3f, ZeroLengthNormalisesToNonNumbers) {
+TEST(GLVec3f, ZeroLengthNormalisesToNaN) {
     GLVec3f zero;
     zero.normalize();
     GLVec3f const parallel = (GLVec3f{1, 2, 3}).normalizedCross({2, 4, 6});

@@ -71,7 +71,7 @@ unsigned int unionOf(Components const& objects) {
     return corners;
 }
 
-TEST_P(CellComponents, PartTheCorners) {
+TEST_P(CellComponents, CoverEachCornerOnce) {
     Neighborhood const neighborhood = systemOf(GetParam());
     for (unsigned int configuration = 0; configuration < 256; ++configuration) {
         SCOPED_TRACE(configuration);
@@ -90,7 +90,7 @@ TEST(CellComponentsPatterns, OppositeCornersAreOneOnlyWithTheSpaceDiagonal) {
     EXPECT_EQ(foregroundOf(systemOf(Neighborhood::N14I), 0x42), (Components{0x02, 0x40}));
 }
 
-TEST(CellComponentsPatterns, BackgroundHangsTogetherByTheComplementaryLinks) {
+TEST(CellComponentsPatterns, BackgroundIsConnectedByTheComplementaryLinks) {
     EXPECT_EQ(backgroundOf(systemOf(Neighborhood::N26), 0x81), (Components{0x7e}));
     EXPECT_EQ(backgroundOf(systemOf(Neighborhood::N6), 0x7e), (Components{0x81}));
 }

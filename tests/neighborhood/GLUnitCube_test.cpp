@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/neighborhood/GLUnitCube.h>
 
+#include "support/WritableView.h"
+
 #include <gtest/gtest.h>
 
 #include <type_traits>
+#include <utility>
 
 static_assert(!std::is_copy_constructible_v<GLUnitCube>);
 static_assert(!std::is_copy_assignable_v<GLUnitCube>);
+static_assert(!tamo::test::kIsCopyWritable<decltype(std::declval<GLUnitCube const&>().vertex(0))>);
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "support/OpenNeighborhood.h"
 #include "support/PrivateAccess.h"
 #include "support/StreamCapture.h"
+#include "support/oracle/PlainAdjacency.h"
 
 #include <gtest/gtest.h>
 
@@ -15,18 +16,6 @@
 #include <vector>
 
 namespace tamo::test {
-
-struct FirstSevenTag {
-    using Type = unsigned char const (*)[7];
-    friend Type access(FirstSevenTag);
-};
-template struct PrivateAccess<FirstSevenTag, &Neighborhood::_n14iDiag>;
-
-struct SecondSevenTag {
-    using Type = unsigned char const (*)[7];
-    friend Type access(SecondSevenTag);
-};
-template struct PrivateAccess<SecondSevenTag, &Neighborhood::_n14iiDiag>;
 
 struct NamesTag {
     using Type = char const* (*)[7];
@@ -51,44 +40,25 @@ using tamo::test::messageOf;
 using tamo::test::OpenNeighborhood;
 
 constexpr char const* kInvalidIndex = "Neighborhood::getConn invalid Index";
-constexpr char const* kInvalidLink = "GLConn::connect ERROR:invalid connection";
 constexpr char const* kDefinedLink = "GLConn::connect ERROR:connection already defined";
 
-using Pairs = std::vector<std::vector<unsigned int>>;
-
-Links masksOf(Pairs const& pairs) {
-    Links masks;
-    for (auto const& pair : pairs) {
-        masks.push_back(1U << pair.at(0) | 1U << pair.at(1));
+// Returns the links numbered `first` to `last` - 1.
+Links linksFrom(unsigned int first, unsigned int last) {
+    Links links;
+    for (unsigned int number = first; number < last; ++number) {
+        links.push_back(tamo::test::plainMask(number));
     }
-    return masks;
+    return links;
 }
-
-Pairs const kLinks = {{0, 1}, {1, 3}, {2, 3}, {0, 2}, {0, 4}, {1, 5}, {3, 7}, {2, 6}, {4, 5}, {4, 6},
-                      {5, 7}, {6, 7}, {1, 2}, {0, 3}, {5, 6}, {4, 7}, {2, 7}, {3, 6}, {1, 4}, {0, 5},
-                      {1, 7}, {3, 5}, {0, 6}, {2, 4}, {0, 7}, {1, 6}, {2, 5}, {3, 4}};
 
 Neighborhood::NHConfig configOf(unsigned int bits) { return static_cast<Neighborhood::NHConfig>(bits); }
 
-template <typename Table> Links tableOf(Table const& table) { return Links(std::begin(table), std::end(table)); }
-
 TEST(Neighborhood, NumbersItsLinksEdgesFirst) {
     OpenNeighborhood n;
-    EXPECT_EQ(tamo::test::linksOf(n), masksOf(kLinks));
+    EXPECT_EQ(tamo::test::linksOf(n), linksFrom(0, 28));
     for (int i = 0; i < 28; ++i) {
         EXPECT_EQ(n[i], n.getConn(static_cast<unsigned int>(i)));
     }
-}
-
-TEST(Neighborhood, TablesStandInTheirOrder) {
-    Links const links = masksOf(kLinks);
-    EXPECT_EQ(tableOf(OpenNeighborhood::_edge), Links(links.begin(), links.begin() + 12));
-    EXPECT_EQ(tableOf(OpenNeighborhood::_fDiag), Links(links.begin() + 12, links.begin() + 24));
-    EXPECT_EQ(tableOf(OpenNeighborhood::_sDiag), Links(links.begin() + 24, links.end()));
-    EXPECT_EQ(tableOf(*access(tamo::test::FirstSevenTag())),
-              masksOf({{0, 7}, {0, 6}, {1, 7}, {0, 5}, {2, 7}, {0, 3}, {4, 7}}));
-    EXPECT_EQ(tableOf(*access(tamo::test::SecondSevenTag())),
-              masksOf({{0, 7}, {2, 4}, {3, 5}, {0, 5}, {2, 7}, {0, 3}, {4, 7}}));
 }
 
 TEST(Neighborhood, NamesStandInTheirOrder) {
@@ -118,15 +88,43 @@ TEST(Neighborhood, StartsWithoutASystem) {
 TEST(Neighborhood, ForegroundKeepsTheOrderOfConnection) {
     Neighborhood n;
     n.setupNeighborhood(Neighborhood::N14I);
-    Links expected = masksOf(Pairs(kLinks.begin(), kLinks.begin() + 12));
+    Links expected = linksFrom(0, 12);
     for (unsigned int link : {0x81U, 0x41U, 0x82U, 0x21U, 0x84U, 0x09U, 0x90U}) {
         expected.push_back(link);
     }
     EXPECT_EQ(tamo::test::foregroundOf(n), expected);
     n.setupNeighborhood(Neighborhood::N26);
-    EXPECT_EQ(tamo::test::foregroundOf(n), masksOf(kLinks));
+    EXPECT_EQ(tamo::test::foregroundOf(n), linksFrom(0, 28));
     n.setupNeighborhood(Neighborhood::N12);
-    EXPECT_EQ(tamo::test::foregroundOf(n), masksOf(Pairs(kLinks.begin() + 12, kLinks.end())));
+    EXPECT_EQ(tamo::test::foregroundOf(n), linksFrom(12, 28));
+}
+
+TEST(Neighborhood, SharedLinksAreRebuiltWithoutLeftovers) {
+    Neighborhood n;
+    auto const rebuild = [&n] { return (n.*access(tamo::test::SetupConnectTag()))(); };
+    Links const edges = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+    n.setupNeighborhood(Neighborhood::N14I);
+    EXPECT_EQ(rebuild(), 19);
+    for (unsigned int const config : {7U, 7U, 1U, 3U}) {
+        EXPECT_TRUE(n.setupNeighborhood(configOf(config)));
+        EXPECT_EQ(tamo::test::sharedOf(n), edges) << config;
+        EXPECT_EQ(rebuild(), 12) << config;
+        EXPECT_EQ(tamo::test::sharedOf(n), edges) << config;
+    }
+    n.setupNeighborhood(Neighborhood::N8);
+    EXPECT_EQ(n.getConnIdxSize(), 0U);
+    EXPECT_EQ(rebuild(), 0);
+}
+
+TEST(Neighborhood, AssignedToItselfKeepsItsSystem) {
+    Neighborhood n;
+    n.setupNeighborhood(Neighborhood::N14II);
+    Links const foreground = tamo::test::foregroundOf(n);
+    Neighborhood const& same = n;
+    n = same;
+    EXPECT_EQ(tamo::test::foregroundOf(n), foreground);
+    EXPECT_EQ(n.getConnIdxSize(), 19U);
+    EXPECT_STREQ(n.getName(), "N14II");
 }
 
 TEST(Neighborhood, BitsAboveTheTablesAreIgnoredButUnnamed) {
@@ -143,7 +141,7 @@ TEST(Neighborhood, NoTableGivesFullBackground) {
     n.setupNeighborhood(Neighborhood::N6);
     EXPECT_TRUE(n.setupNeighborhood(configOf(0)));
     EXPECT_EQ(n.getFgConnSize(), 0U);
-    EXPECT_EQ(tamo::test::backgroundOf(n), masksOf(kLinks));
+    EXPECT_EQ(tamo::test::backgroundOf(n), linksFrom(0, 28));
     EXPECT_EQ(n.getConnIdxSize(), 0U);
     EXPECT_STREQ(n.getName(), "invalid");
 }
@@ -153,57 +151,11 @@ TEST(Neighborhood, ClearKeepsNameAndSharedLinks) {
     n.setupNeighborhood(Neighborhood::N26);
     n.clear();
     EXPECT_EQ(n.getFgConnSize(), 0U);
-    EXPECT_EQ(tamo::test::backgroundOf(n), masksOf(kLinks));
+    EXPECT_EQ(tamo::test::backgroundOf(n), linksFrom(0, 28));
     EXPECT_EQ(n.getConnIdxSize(), 12U);
     EXPECT_STREQ(n.getName(), "N26");
     EXPECT_EQ((n.*access(tamo::test::SetupConnectTag()))(), 0);
     EXPECT_EQ(n.getConnIdxSize(), 0U);
-}
-
-TEST(Neighborhood, ConnectTakesEveryLinkAndDropsWhatItCrosses) {
-    for (unsigned int number = 0; number < 28; ++number) {
-        OpenNeighborhood n;
-        n.clear();
-        EXPECT_TRUE(n.connect(n.getConn(number)));
-        EXPECT_EQ(tamo::test::foregroundOf(n), Links{n.getConn(number)});
-        Links expected;
-        for (unsigned char other = 0; other < 28; ++other) {
-            if (!n.isCrossing(static_cast<unsigned char>(number), other)) {
-                expected.push_back(n.getConn(other));
-            }
-        }
-        EXPECT_EQ(tamo::test::backgroundOf(n), expected);
-        EXPECT_EQ(expected.size(), number < 12 ? 28U : number < 24 ? 27U : 25U);
-    }
-}
-
-TEST(Neighborhood, ConnectRefusesWhatIsNoLink) {
-    for (unsigned int byte = 0; byte < 256; ++byte) {
-        OpenNeighborhood n;
-        bool const isLink = (byte & (byte - 1)) != 0 && ((byte & (byte - 1)) & ((byte & (byte - 1)) - 1)) == 0;
-        EXPECT_EQ(messageOf([&] { n.connect(static_cast<unsigned char>(byte)); }),
-                  isLink ? "nothing thrown" : kInvalidLink)
-            << byte;
-    }
-}
-
-TEST(Neighborhood, ConnectRefusesALinkTwice) {
-    OpenNeighborhood n;
-    n.connect(0x03);
-    EXPECT_EQ(messageOf([&] { n.connect(0x03); }), kDefinedLink);
-    EXPECT_EQ(n.getFgConnSize(), 1U);
-}
-
-TEST(Neighborhood, EdgesCrossNothingAndDiagonalsTheirPartners) {
-    OpenNeighborhood const n;
-    EXPECT_TRUE(n.isCrossing(12, 13));
-    EXPECT_TRUE(n.isCrossing(24, 25));
-    EXPECT_FALSE(n.isCrossing(13, 14));
-    for (unsigned char i = 0; i < 28; ++i) {
-        EXPECT_FALSE(n.isCrossing(i, i));
-        EXPECT_FALSE(n.isCrossing(0, i));
-        EXPECT_FALSE(n.isCrossing(i, 11));
-    }
 }
 
 TEST(Neighborhood, FailedSetupKeepsWhatItConnectedAndTheOldNameAndSharedLinks) {
@@ -212,7 +164,7 @@ TEST(Neighborhood, FailedSetupKeepsWhatItConnectedAndTheOldNameAndSharedLinks) {
     Links const shared = tamo::test::sharedOf(n);
     EXPECT_EQ(messageOf([&] { n.setupNeighborhood(configOf(11)); }), kDefinedLink);
     // Edges, face diagonals and 0-7 are connected; 0-6 comes again.
-    Links expected = masksOf(Pairs(kLinks.begin(), kLinks.begin() + 25));
+    Links expected = linksFrom(0, 25);
     EXPECT_EQ(tamo::test::foregroundOf(n), expected);
     expected.erase(expected.begin() + 12, expected.begin() + 24);
     EXPECT_EQ(tamo::test::backgroundOf(n), expected);
@@ -248,7 +200,7 @@ TEST(Neighborhood, CopiesShareTheCornersAndOwnTheLists) {
         EXPECT_EQ(n->getFgConnSize(), 19U);
         EXPECT_EQ(n->getBgConnSize(), 19U);
         EXPECT_EQ(n->getConnIdxSize(), 19U);
-        EXPECT_EQ(tamo::test::linksOf(*n), masksOf(kLinks));
+        EXPECT_EQ(tamo::test::linksOf(*n), linksFrom(0, 28));
         EXPECT_STREQ(n->getName(), "N14II");
         EXPECT_EQ(n->_vertices->vertex(5), (GLVec3f{1, 0, 1}));
         EXPECT_TRUE(n->isCrossing(12, 13));

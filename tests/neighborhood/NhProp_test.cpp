@@ -41,7 +41,7 @@ Plain3 plainOf(GLVec3f const& v) { return {v.x, v.y, v.z}; }
 
 class NhPropOfSystem : public testing::TestWithParam<unsigned int> {};
 
-TEST_P(NhPropOfSystem, InformationWordTellsTypeAndMembership) {
+TEST_P(NhPropOfSystem, InformationWordHoldsTypeAndMembership) {
     OpenNhProp const properties = propertiesOf(GetParam());
     PlainAdjacency const plain(GetParam());
     for (unsigned int link = 0; link < 28; ++link) {
@@ -161,7 +161,9 @@ TEST(NhProp, WrongLinkNumberThrowsAPlainString) {
     for (unsigned int const link : {28U, 29U, 0xffffffffU}) {
         EXPECT_EQ(thrownText([&] { (void)properties.getP0ofConn(link); }), "NhProp::getP0ofConn: invald index:");
         EXPECT_EQ(thrownText([&] { (void)properties.getVInfo(link); }), "NhProp::getVInfo: invald index:");
-        EXPECT_EQ(thrownText([&] { (void)properties.getNormal(link, true); }), "NhProp::getNormal: invald index:");
+        for (bool const up : {false, true}) {
+            EXPECT_EQ(thrownText([&] { (void)properties.getNormal(link, up); }), "NhProp::getNormal: invald index:");
+        }
     }
     EXPECT_EQ(thrownText([&] { (void)properties.getVInfo(27); }), "nothing");
 }

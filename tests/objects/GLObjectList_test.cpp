@@ -99,6 +99,14 @@ TEST(GLObjectList, AssignmentSharesTheObjects) {
     }
 }
 
+TEST(GLObjectList, AssignedToItselfKeepsItsObjects) {
+    auto const list = randomList(4);
+    std::vector<std::vector<PlainPolygon>> const before = plainOf(*list);
+    GLObjectList const& same = *list;
+    EXPECT_EQ(&(*list = same), list.get());
+    expectScaled(*list, before, 1.0F);
+}
+
 TEST(GLObjectList, ClearAndResizeGiveNullSlots) {
     auto const list = randomList(4);
     list->clear();

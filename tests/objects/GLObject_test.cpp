@@ -72,6 +72,27 @@ TEST(GLObject, ScalingCopyIsDeepInOrderAndBlack) {
 
 TEST(GLObject, ScalingCopyOfAnEmptyObjectIsEmpty) { EXPECT_EQ(GLObject(GLObject(), 2.0F).size(), 0U); }
 
+TEST(GLObject, ScalingCopyKeepsNullSlotsInTheirPlaces) {
+    GLObject object;
+    object.push_back(nullptr);
+    object.push_back(new GLPolygon(4));
+    object.push_back(nullptr);
+    GLObject const copy(object, 2.0F);
+    ASSERT_EQ(copy.size(), 3U);
+    EXPECT_EQ(copy[0], nullptr);
+    EXPECT_EQ(copy[1]->size(), 4U);
+    EXPECT_EQ(copy[2], nullptr);
+}
+
+TEST(GLObject, AssignedToItselfKeepsItsPolygons) {
+    auto object = objectOf(3);
+    std::vector<GLPolygon*> const expected = pointersOf(*object);
+    GLObject const& same = *object;
+    *object = same;
+    EXPECT_EQ(pointersOf(*object), expected);
+    EXPECT_EQ(deletedPolygons, 0);
+}
+
 TEST(GLObject, ReplaceKeepsThePlaceAndDeletesTheOld) {
     for (unsigned int i = 0; i < 3; ++i) {
         auto object = objectOf(3);
@@ -95,6 +116,29 @@ TEST(GLObject, ReplaceOfAStrangerChangesNothing) {
     EXPECT_FALSE(GLObject().replace(&stranger, &replacement));
 }
 
+TEST(GLObject, ReplaceOfAPolygonByItselfKeepsIt) {
+    auto object = objectOf(3);
+    std::vector<GLPolygon*> const expected = pointersOf(*object);
+    EXPECT_TRUE(object->replace(expected[1], expected[1]));
+    EXPECT_EQ(pointersOf(*object), expected);
+    EXPECT_EQ(deletedPolygons, 0);
+    EXPECT_EQ(expected[1]->size(), 4U);
+}
+
+TEST(GLObject, ReplaceByNullEmptiesTheSlotAndOfNullFillsTheFirst) {
+    auto object = objectOf(3);
+    std::vector<GLPolygon*> expected = pointersOf(*object);
+    EXPECT_FALSE(object->replace(nullptr, nullptr));
+    EXPECT_TRUE(object->replace(expected[1], nullptr));
+    EXPECT_TRUE(object->replace(expected[2], nullptr));
+    EXPECT_EQ(pointersOf(*object), (std::vector<GLPolygon*>{expected[0], nullptr, nullptr}));
+    EXPECT_EQ(deletedPolygons, 2);
+    auto* const replacement = new CountedPolygon(9);
+    EXPECT_TRUE(object->replace(nullptr, replacement));
+    EXPECT_EQ(pointersOf(*object), (std::vector<GLPolygon*>{expected[0], replacement, nullptr}));
+    EXPECT_EQ(deletedPolygons, 2);
+}
+
 TEST(GLObject, ReplaceTakesTheFirstOfEqualSlots) {
     GLObject object;
     auto* const twice = new GLPolygon(3);
@@ -107,7 +151,7 @@ TEST(GLObject, ReplaceTakesTheFirstOfEqualSlots) {
     object[1] = nullptr;
 }
 
-TEST(GLObject, EraseTellsWhetherAPolygonMovedIntoThePlace) {
+TEST(GLObject, EraseReturnsWhetherAPolygonMovedIntoThePlace) {
     for (unsigned int i = 0; i < 4; ++i) {
         SCOPED_TRACE(i);
         auto object = objectOf(4);

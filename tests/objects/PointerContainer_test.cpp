@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <stdexcept>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -26,6 +27,7 @@ using Container = Vb::PointerContainer<std::vector<Probe*>>;
 static_assert(sizeof(Container) == sizeof(std::vector<Probe*>));
 static_assert(std::is_same_v<decltype(std::declval<Container const&>().size()), unsigned int>);
 static_assert(!std::is_polymorphic_v<Container>);
+static_assert(std::is_convertible_v<int, Container>);
 
 class PointerContainerTest : public testing::Test {
   protected:
@@ -44,12 +46,14 @@ class PointerContainerTest : public testing::Test {
 TEST_F(PointerContainerTest, StartsWithNullSlots) {
     EXPECT_EQ(Container().size(), 0U);
     EXPECT_EQ(Container(0).size(), 0U);
-    Container const three(3);
+    Container const three = 3;
     ASSERT_EQ(three.size(), 3U);
     for (Probe const* slot : three) {
         EXPECT_EQ(slot, nullptr);
     }
 }
+
+TEST_F(PointerContainerTest, NegativeSizeIsRefused) { EXPECT_THROW(Container(-1), std::length_error); }
 
 TEST_F(PointerContainerTest, DestructionDeletesFirstToLastAndSkipsNull) {
     auto container = filled(2);
@@ -99,6 +103,17 @@ TEST_F(PointerContainerTest, CopyAndAssignmentShareThePointers) {
     EXPECT_EQ(deleted, (std::vector<int>{8, 0, 1}));
 }
 
+TEST_F(PointerContainerTest, AssignedToItselfKeepsItsObjects) {
+    auto container = filled(3);
+    Container const& same = *container;
+    EXPECT_EQ(&(*container = same), container.get());
+    EXPECT_TRUE(deleted.empty());
+    ASSERT_EQ(container->size(), 3U);
+    for (unsigned int i = 0; i < 3; ++i) {
+        EXPECT_EQ((*container)[i]->number, static_cast<int>(i));
+    }
+}
+
 TEST_F(PointerContainerTest, EraseDeletesOneAndReturnsItsPlace) {
     auto container = filled(3);
     auto next = container->erase(container->begin() + 1);
@@ -112,6 +127,21 @@ TEST_F(PointerContainerTest, EraseDeletesOneAndReturnsItsPlace) {
     next = container->erase(container->begin() + 1);
     EXPECT_EQ(next, container->end());
     EXPECT_EQ(deleted, (std::vector<int>{1, 2}));
+}
+
+TEST_F(PointerContainerTest, EraseFromTheFrontMovesTheRestForward) {
+    auto container = filled(4);
+    auto next = container->erase(container->begin());
+    EXPECT_EQ(next, container->begin());
+    EXPECT_EQ(deleted, std::vector<int>{0});
+    ASSERT_EQ(container->size(), 3U);
+    for (unsigned int i = 0; i < 3; ++i) {
+        EXPECT_EQ((*container)[i]->number, static_cast<int>(i) + 1);
+    }
+    next = container->erase(container->begin(), container->begin() + 2);
+    EXPECT_EQ(next, container->begin());
+    EXPECT_EQ((*next)->number, 3);
+    EXPECT_EQ(deleted, (std::vector<int>{0, 1, 2}));
 }
 
 TEST_F(PointerContainerTest, EraseOfARangeDeletesItAndReturnsItsFirstPlace) {
@@ -171,7 +201,6 @@ TEST_F(PointerContainerTest, ClearAndResizeGiveNullSlots) {
 
 TEST_F(PointerContainerTest, ResizeDeletesEverythingAndLeavesSurvivingSlotsAlone) {
     auto grown = filled(2);
-    Probe* const first = (*grown)[0];
     grown->resize(3);
     EXPECT_EQ(deleted, (std::vector<int>{0, 1}));
     EXPECT_NE((*grown)[0], nullptr);
@@ -187,7 +216,6 @@ TEST_F(PointerContainerTest, ResizeDeletesEverythingAndLeavesSurvivingSlotsAlone
     ASSERT_EQ(shrunk->size(), 1U);
     EXPECT_NE((*shrunk)[0], nullptr);
     (*shrunk)[0] = nullptr;
-    static_cast<void>(first);
 }
 
 TEST(PointerContainerDeathTest, IndexPastTheEndStopsTheProgram) {

@@ -7,7 +7,7 @@
 /// Holds three single-precision components: a direction, a normal or an RGB colour.
 ///
 /// All arithmetic is component-wise, in x, y, z order and in single precision. Nothing is guarded against a zero
-/// length: normalising the zero vector yields three non-numbers, which callers tolerate or avoid. Never throws.
+/// length: normalising the zero vector yields three NaN, which callers tolerate or avoid. Never throws.
 struct GLVec3f {
     float x = 0.0F;
     float y = 0.0F;
@@ -36,7 +36,7 @@ struct GLVec3f {
         return {y * b.z - z * b.y, z * b.x - x * b.z, x * b.y - y * b.x};
     }
 
-    /// Returns the cross product divided by its length; three non-numbers where the product is zero.
+    /// Returns the cross product divided by its length; three NaN where the product is zero.
     [[nodiscard]] GLVec3f normalizedCross(GLVec3f const& b) const {
         GLVec3f product = cross(b);
         product.normalize();
@@ -47,7 +47,7 @@ struct GLVec3f {
 
     [[nodiscard]] float length() const { return std::sqrt(x * x + y * y + z * z); }
 
-    /// Divides every component by the length; the zero vector becomes three non-numbers.
+    /// Divides every component by the length; the zero vector becomes three NaN.
     void normalize() {
         float const size = length();
         x /= size;

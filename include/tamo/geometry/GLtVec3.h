@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-/// Holds one value an axis: `GLtVec3<int>` carries a volume's address increments, origin and extent, in voxels.
+/// Holds one value per axis: `GLtVec3<int>` carries a volume's address increments, origin and extent, in voxels.
 template <typename T> struct GLtVec3 {
     T x{};
     T y{};

@@ -4,6 +4,7 @@
 
 #include <tamo/Export.h>
 #include <tamo/geometry/GLAccess3f.h>
+#include <tamo/geometry/GLConstAccess3f.h>
 
 #include <array>
 
@@ -17,7 +18,7 @@ class TAMO_EXPORT GLUnitCube {
     GLUnitCube& operator=(GLUnitCube const&) = delete;
 
     /// Returns the position of corner i, 0 to 7; another index stops the program with the standard library's assertion.
-    [[nodiscard]] GLAccess3f const& vertex(unsigned int i) const;
+    [[nodiscard]] GLConstAccess3f const& vertex(unsigned int i) const;
 
   private:
     std::array<float, 24> _positions;

@@ -9,12 +9,16 @@
 #include <memory>
 #include <vector>
 
+namespace tamo {
+struct LinkTables;
+} // namespace tamo
+
 /// Describes one adjacency system of the unit cell: which of its 28 links join foreground corners, which background.
 ///
 /// A link is a pair of the cell's eight corners, written as the byte with those two bits set. Links 0 to 11 are the
 /// edges, 12 to 23 the face diagonals, 24 to 27 the space diagonals. A background link is one that crosses no
 /// foreground link. Call `setupNeighborhood` before asking for either. Copies share the constant corner table. Const
-/// members may be called from several threads at once.
+/// members may be called from several threads at once. Copying may throw `std::bad_alloc`.
 class TAMO_EXPORT Neighborhood {
   public:
     /// Names an adjacency system as the set of link tables that join foreground corners: 1 edges, 2 face diagonals,
@@ -35,14 +39,20 @@ class TAMO_EXPORT Neighborhood {
     Neighborhood& operator=(Neighborhood const&) = default;
     ~Neighborhood() = default;
 
-    /// Rebuilds all lists for `config`; returns true. Bits above 16 are ignored; no bit at all gives no foreground
-    /// link. Throws `TamoException` "GLConn::connect ERROR:connection already defined" where two tables of `config`
-    /// share a link; the lists then hold what was connected before it.
+    /// Rebuilds the foreground, background and shared links for `config`; returns true. Bits above 16 are ignored; no
+    /// bit at all gives no foreground link.
+    ///
+    /// Throws `TamoException` "GLConn::connect ERROR:connection already defined" where two tables of `config` have a
+    /// link in common. The foreground then holds the links connected before that one, in order, and the background
+    /// every link that crosses none of them; `getName`, `getConnIdxSize` and `getConnIdx` still answer for the system
+    /// set up before. A copy may throw `std::bad_alloc` and then has to be set up anew.
     bool setupNeighborhood(NHConfig config);
-    /// Empties the foreground system: every link is then a background link.
+    /// Empties the foreground: every link is then a background link. `getName`, `getConnIdxSize` and `getConnIdx` still
+    /// answer for the system last set up. A copy may throw `std::bad_alloc`.
     void clear();
 
-    /// Returns "N6", "N8", "N12", "N14I", "N14II", "N26" or "invalid", for the system last set up.
+    /// Returns "N6", "N8", "N12", "N14I", "N14II", "N26" or "invalid", for what the last successful `setupNeighborhood`
+    /// was given.
     [[nodiscard]] char const* getName() const;
 
     [[nodiscard]] unsigned int getConnSize() const;
@@ -71,9 +81,9 @@ class TAMO_EXPORT Neighborhood {
     void show(unsigned char conf) const;
 
   protected:
-    static constexpr unsigned int _edgeSize = 12;
-    static constexpr unsigned int _fDiagSize = 12;
-    static constexpr unsigned int _sDiagSize = 4;
+    static unsigned int const _edgeSize = 12;
+    static unsigned int const _fDiagSize = 12;
+    static unsigned int const _sDiagSize = 4;
     static unsigned char const _edge[_edgeSize];
     static unsigned char const _fDiag[_fDiagSize];
     static unsigned char const _sDiag[_sDiagSize];
@@ -83,16 +93,19 @@ class TAMO_EXPORT Neighborhood {
     /// Adds a foreground link and removes the background links that it crosses; returns true. Throws `TamoException`
     /// where `link` has not exactly two bits or is connected already.
     bool connect(unsigned char link);
-    /// Tells whether the links numbered a and b are different and have the same midpoint.
+    /// Returns whether the links numbered a and b are different and have the same midpoint.
     [[nodiscard]] bool isCrossing(unsigned char a, unsigned char b) const;
 
   private:
-    static constexpr unsigned int _n14iDiagSize = 7;
-    static constexpr unsigned int _n14iiDiagSize = 7;
+    friend struct tamo::LinkTables;
+
+    static unsigned int const _n14iDiagSize = 7;
+    static unsigned int const _n14iiDiagSize = 7;
     static unsigned char const _n14iDiag[_n14iDiagSize];
     static unsigned char const _n14iiDiag[_n14iiDiagSize];
     static char const* _nhNames[7];
 
+    /// Rebuilds `_connIdx` from the two lists; returns its size.
     int setupConnect();
 
   protected:
@@ -102,10 +115,10 @@ class TAMO_EXPORT Neighborhood {
     std::vector<unsigned int> _bgConn;
     /// The 28 links: edges, face diagonals, space diagonals.
     std::vector<unsigned char> _conn;
-    /// Numbers of the links that are both, ascending.
+    /// Numbers of the links that are both, ascending; as of the last successful `setupNeighborhood`.
     std::vector<unsigned int> _connIdx;
     /// The corner positions, shared by all copies.
     std::shared_ptr<GLUnitCube const> _vertices;
-    /// The system last set up; 0 after construction.
+    /// What the last successful `setupNeighborhood` was given; 0 after construction.
     NHConfig _config;
 };

@@ -10,11 +10,11 @@
 
 /// Adds to an adjacency system what the case-based builder needs of each link: type, membership, midpoint, directions.
 ///
-/// Call `setupProp` after every `setupNeighborhood`. A wrong index is reported as a thrown plain C string,
-/// "NhProp::getVInfo: invald index:" and the like.
+/// Call `setupProp` after every `setupNeighborhood`. The getters throw a plain C string, not an exception, where the
+/// index is not that of a link: "NhProp::getVInfo: invald index:" and likewise under their own names.
 class TAMO_EXPORT NhProp : public Neighborhood {
   public:
-    /// The bits of a link's information word.
+    /// The bits of a link's information word. The three types have the bits of their tables in `NHConfig`.
     enum InfoBit : unsigned int {
         kEdgeInfo = 0x001,
         kFaceDiagonalInfo = 0x002,
@@ -36,11 +36,11 @@ class TAMO_EXPORT NhProp : public Neighborhood {
 
     /// Returns the lower corner number of link i. Throws `char const*`.
     [[nodiscard]] unsigned char getP0ofConn(unsigned int i) const;
-    /// Returns the information word of link i: exactly one type bit, and a bit for each adjacency that has the link.
-    /// Throws `char const*`.
+    /// Returns the information word of link i: one type bit, and a bit for each of foreground and background whose
+    /// links include it. Throws `char const*`.
     [[nodiscard]] unsigned int getVInfo(unsigned int i) const;
-    /// Returns the unit direction along link i, from its lower to its higher corner (`up`) or back. Throws `char
-    /// const*`.
+    /// Returns the unit direction along link i, from its lower to its higher corner where `up`, else back. Throws
+    /// `char const*`.
     [[nodiscard]] GLVec3f const& getNormal(unsigned int i, bool up) const;
 
   protected:
@@ -48,9 +48,6 @@ class TAMO_EXPORT NhProp : public Neighborhood {
     std::vector<GLVec3f> _mid;
 
   private:
-    void setupInfo();
-    void setupGeometry(unsigned int link);
-
     std::vector<GLVec3f> _dirUp;
     std::vector<GLVec3f> _dirDown;
     std::vector<unsigned int> _vInfo;

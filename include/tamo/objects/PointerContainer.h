@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <memory>
+#include <type_traits>
 
 namespace Vb {
 
@@ -11,17 +14,16 @@ namespace Vb {
 /// `C` is `std::vector<T*>`; a slot may be null. Two habits of the class are deliberate. Copying copies the pointers,
 /// not the objects, so of two containers that share objects only one may be destroyed. `resize` deletes every object
 /// but keeps the surviving slots as they are, so clear the container first or overwrite those slots at once. Indices
-/// and iterators are checked by the standard library's assertions only. Growing may throw `std::bad_alloc`; the
-/// container takes ownership of a pushed pointer only once `push_back` has returned.
+/// and iterators are checked by the standard library's assertions only. Making slots may throw `std::bad_alloc`, and
+/// then leaves the container as it was: `push_back` takes ownership only once it has returned.
 template <typename C> class PointerContainer {
   public:
     using value_type = typename C::value_type;
     using iterator = typename C::iterator;
     using const_iterator = typename C::const_iterator;
 
-    /// Makes `n` null slots.
-    explicit PointerContainer(int n);
-    PointerContainer();
+    /// Makes `n` null slots. Throws `std::length_error` for a negative `n`.
+    PointerContainer(int n = 0);
     /// Copies the pointers: both containers then refer to the same objects.
     PointerContainer(PointerContainer const& other);
     /// Copies the pointers; the objects that this container held are not deleted.
@@ -48,11 +50,11 @@ template <typename C> class PointerContainer {
     /// Deletes every object and removes all slots; the capacity stays.
     void clear();
     /// Deletes every object of the container, then makes `n` slots. New slots are null; slots that were there before
-    /// still point to the deleted objects.
+    /// still point to the deleted objects. Where the slots cannot be allocated, nothing is deleted.
     void resize(unsigned int n);
 
   private:
-    void deletePointees(const_iterator first, const_iterator last);
+    using Delete = std::default_delete<std::remove_pointer_t<value_type>>;
 
     C _pointers;
 };
@@ -61,8 +63,6 @@ template <typename C> class PointerContainer {
 // however the caller's own code is compiled.
 
 template <typename C> PointerContainer<C>::PointerContainer(int n) : _pointers(static_cast<std::size_t>(n)) {}
-
-template <typename C> PointerContainer<C>::PointerContainer() = default;
 
 template <typename C>
 PointerContainer<C>::PointerContainer(PointerContainer const& other) : _pointers(other._pointers) {}
@@ -109,24 +109,17 @@ template <typename C> typename PointerContainer<C>::iterator PointerContainer<C>
 }
 
 template <typename C> typename PointerContainer<C>::iterator PointerContainer<C>::erase(iterator first, iterator last) {
-    deletePointees(first, last);
+    std::for_each(first, last, Delete());
     return _pointers.erase(first, last);
 }
 
-template <typename C> void PointerContainer<C>::clear() {
-    deletePointees(_pointers.begin(), _pointers.end());
-    _pointers.clear();
-}
+template <typename C> void PointerContainer<C>::clear() { erase(begin(), end()); }
 
 template <typename C> void PointerContainer<C>::resize(unsigned int n) {
-    deletePointees(_pointers.begin(), _pointers.end());
+    // Only the allocation can fail, so it comes before the deletions.
+    _pointers.reserve(n);
+    std::for_each(begin(), end(), Delete());
     _pointers.resize(n);
-}
-
-template <typename C> void PointerContainer<C>::deletePointees(const_iterator first, const_iterator last) {
-    for (; first != last; ++first) {
-        delete *first;
-    }
 }
 
 } // namespace Vb

@@ -134,8 +134,8 @@ std::array<int, 4> distanceCounts(std::vector<unsigned int> const& corners) {
     return counts;
 }
 
-// Tells whether corner 0, one or more others on its face diagonals and one neighbour of it make up the set, in the way
-// of the shapes that share the code of three corners on face diagonals.
+// Returns whether the set consists of corner 0, one or more corners on its face diagonals and one neighbour of it, as
+// do the shapes that share the code of three corners on face diagonals.
 bool isDiagonalTripleWithNeighbour(std::vector<unsigned int> const& corners) {
     std::vector<unsigned int> even;
     std::vector<unsigned int> neighbours;
@@ -155,7 +155,7 @@ bool isDiagonalTripleWithNeighbour(std::vector<unsigned int> const& corners) {
     return even.size() == 4 || (even.size() == 3 && touched == 2);
 }
 
-// Tells whether four corners form a path along three edges, one edge along each axis.
+// Returns whether four corners form a path along three edges, one edge along each axis.
 bool isBentPath(std::vector<unsigned int> const& corners) {
     return corners.size() == 4 && distanceCounts(corners) == std::array<int, 4>{0, 3, 2, 1};
 }

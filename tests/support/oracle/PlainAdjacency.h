@@ -41,7 +41,7 @@ struct PlainAdjacency {
 /// Finds the pieces of a set of corners by walking along the links; ordered by lowest corner.
 std::vector<unsigned int> plainComponents(unsigned int corners, std::vector<unsigned int> const& links);
 
-/// Returns the case word of a set of corners, told from the distances between them.
+/// Returns the case word of a set of corners, derived from the distances between them.
 unsigned int plainCaseWord(unsigned int corners);
 
 } // namespace tamo::test

@@ -136,7 +136,7 @@ Plain3 sortPlain(PlainPolygon& polygon, Plain3 reference) {
         float limit = squared(i, i + 1);
         for (unsigned int j = i + 1; j <= n - 1; ++j) {
             float const distance = squared(i, j);
-            if (distance > limit) {
+            if (distance > limit || std::isnan(distance) || std::isnan(limit)) {
                 continue;
             }
             Plain3 const c = crossOf(from0(i), from0(j));
@@ -168,9 +168,23 @@ PlainPolygon randomPolygon(std::mt19937& random, unsigned int size, bool onLatti
     return polygon;
 }
 
+PlainPolygon latticePolygon(unsigned int size) {
+    std::mt19937 random(size);
+    return randomPolygon(random, size, /*onLattice=*/true);
+}
+
+GLPolygon numberedPolygon(unsigned int size) {
+    GLPolygon polygon(size);
+    for (unsigned int i = 0; i < 6 * size; ++i) {
+        polygon.vData(0)[i] = static_cast<float>(i + 1);
+    }
+    polygon.color() = GLVec3f{1, 0, 0};
+    return polygon;
+}
+
 namespace {
 
-// Tells zeros apart by their sign; otherwise floats of the same value have the same bits.
+// Distinguishes zeros by their sign; otherwise floats of the same value have the same bits.
 bool isSame(float a, float b) {
     return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b));
 }

@@ -61,8 +61,12 @@ inline unsigned int below(std::mt19937& random, unsigned int bound) {
 /// Makes `size` vertices with different normals. On a lattice the positions are halves from 0 to 1, so that distances
 /// tie and vertices coincide; otherwise they are scattered over [-1, 1).
 PlainPolygon randomPolygon(std::mt19937& random, unsigned int size, bool onLattice);
+/// Makes the same `size` vertices on the lattice every time.
+PlainPolygon latticePolygon(unsigned int size);
+/// Makes `size` vertices whose floats are 1, 2, 3, ... and whose colour is (1, 0, 0).
+GLPolygon numberedPolygon(unsigned int size);
 
-/// Succeeds for the same bits, and for any two non-numbers.
+/// Succeeds for the same bits, and for any two NaN.
 testing::AssertionResult sameFloats(Plain3 actual, Plain3 expected);
 testing::AssertionResult samePolygon(GLPolygon const& actual, PlainPolygon const& expected);
 
