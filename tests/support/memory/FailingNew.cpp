@@ -3,6 +3,7 @@
 #include "support/memory/FailingNew.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace {
@@ -22,6 +23,8 @@ void* allocate(std::size_t size) {
     if (block == nullptr) {
         throw std::bad_alloc();
     }
+    // New memory is often 0 by chance, which would hide that somebody relies on it.
+    std::memset(block, 0xFF, size);
     ++blockCount;
     return block;
 }

@@ -9,6 +9,7 @@ namespace tamo::test {
 /// Counts the allocations of its lifetime and lets one of them fail.
 ///
 /// Works in programs that link tamoFailingNew, which replaces the global operator new. One at a time, one thread.
+/// There, all bytes of a new block are 0xFF.
 class FailingNew {
   public:
     /// Lets the `failing`-th allocation from now on, counted from 1, throw `std::bad_alloc`; 0 lets none fail.
@@ -21,7 +22,7 @@ class FailingNew {
     [[nodiscard]] static std::size_t allocations();
     /// Returns the bytes of the allocation asked for last.
     [[nodiscard]] static std::size_t lastSize();
-    /// Tells whether the allocation that was to fail was asked for.
+    /// Returns whether the allocation that was to fail was asked for.
     [[nodiscard]] static bool hasFailed();
     /// Returns the number of blocks allocated and not yet freed in the whole program.
     [[nodiscard]] static std::ptrdiff_t liveBlocks();
