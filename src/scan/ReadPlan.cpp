@@ -40,9 +40,10 @@ std::int64_t samplesInPair(unsigned char const* sample, std::ptrdiff_t stride) {
 // Returns how many slabs of bits take half as much memory as the volume, eight at least: in a thin grid most of a
 // slab's words are padding, and keeping many of them would cost more than it gains.
 std::int64_t slabsInHalfVolume(SampleGrid const& grid) {
-    // Rounded down row by row, as the product of three sides may pass 64 bits.
-    std::int64_t const wordsOfRow = tilesFor(grid.count.x) + 1;
-    std::int64_t const slabsInRows = grid.count.x * grid.count.y / (2 * wordsOfRow);
+    // Rounded down row by row, as the product of three sides may pass 64 bits; that of two takes up to all of them.
+    auto const wordsOfRow = static_cast<std::uint64_t>(tilesFor(grid.count.x) + 1);
+    std::uint64_t const voxels = static_cast<std::uint64_t>(grid.count.x) * static_cast<std::uint64_t>(grid.count.y);
+    auto const slabsInRows = static_cast<std::int64_t>(voxels / (2 * wordsOfRow));
     return std::max(slabsInRows / kTileSide * kTileSide, kTileSide);
 }
 
