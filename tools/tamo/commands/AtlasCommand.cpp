@@ -10,8 +10,6 @@
 #include "picture/OffscreenContext.h"
 #include "picture/SurfacePicture.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <filesystem>
 #include <iostream>

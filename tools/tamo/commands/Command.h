@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include <string>
+#include <CLI/CLI.hpp>
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace tamo::tool {
 

@@ -7,8 +7,6 @@
 #include "../volume/VolumeReader.h"
 #include "../volume/VoxelStatistics.h"
 
-#include <CLI/CLI.hpp>
-
 #include <iostream>
 #include <string>
 

@@ -22,8 +22,6 @@
 
 #include <tamo/surface/TAMO.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <cmath>
 #include <filesystem>

@@ -4,8 +4,6 @@
 
 #include "../terminal/UsageError.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 
 namespace tamo::tool {

@@ -4,12 +4,10 @@
 
 #include "NamedSystem.h"
 
+#include <CLI/CLI.hpp>
+
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace tamo::tool {
 

@@ -4,8 +4,6 @@
 
 #include "../terminal/UsageError.h"
 
-#include <CLI/CLI.hpp>
-
 namespace tamo::tool {
 
 OutputOption::OutputOption(CLI::App& command) {

@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include <CLI/CLI.hpp>
+
 #include <filesystem>
 #include <string>
-
-namespace CLI {
-class App;
-}
 
 namespace tamo::tool {
 

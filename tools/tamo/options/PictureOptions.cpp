@@ -5,8 +5,6 @@
 #include "../terminal/UsageError.h"
 #include "OptionValues.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <cmath>
 

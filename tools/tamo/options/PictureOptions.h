@@ -5,11 +5,9 @@
 #include "picture/PictureSize.h"
 #include "picture/View.h"
 
-#include <string>
+#include <CLI/CLI.hpp>
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace tamo::tool {
 

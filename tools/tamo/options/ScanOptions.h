@@ -4,12 +4,10 @@
 
 #include "../volume/Box.h"
 
+#include <CLI/CLI.hpp>
+
 #include <optional>
 #include <string>
-
-namespace CLI {
-class App;
-}
 
 namespace tamo::tool {
 

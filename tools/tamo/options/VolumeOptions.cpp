@@ -6,8 +6,6 @@
 #include "../volume/ScalarType.h"
 #include "OptionValues.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <vector>
 

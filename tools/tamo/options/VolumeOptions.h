@@ -4,11 +4,9 @@
 
 #include "../volume/VolumeSource.h"
 
-#include <string>
+#include <CLI/CLI.hpp>
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace tamo::tool {
 
