@@ -5,7 +5,6 @@
 #include "support/memory/FailingNew.h"
 
 #include <tamo/conn/GLConn.h>
-#include <tamo/surface/TAMO.h>
 
 #include <gtest/gtest.h>
 
@@ -142,18 +141,6 @@ TEST(GLConnConstruction, FailedCopyLeaksNothing) {
     GLConn const source(Neighborhood::N26);
     std::ptrdiff_t const before = FailingNew::liveBlocks();
     EXPECT_GT(failEachAllocation([&source] { EXPECT_EQ(GLConn(source).getFgConnSize(), 28U); }), 8U);
-    EXPECT_EQ(FailingNew::liveBlocks(), before);
-}
-
-TEST(GLObjectListForNeighborhoodAllocation, FailurePassesThrough) {
-    GLObjectList list;
-    GLObjectListForNeighborhood(Neighborhood::N26, list);
-    std::ptrdiff_t const before = FailingNew::liveBlocks();
-    for (std::size_t const failing : {1U, 20U, 300U}) {
-        FailingNew const guard(failing);
-        EXPECT_THROW(GLObjectListForNeighborhood(Neighborhood::N26, list), std::bad_alloc);
-    }
-    GLObjectListForNeighborhood(Neighborhood::N26, list);
     EXPECT_EQ(FailingNew::liveBlocks(), before);
 }
 

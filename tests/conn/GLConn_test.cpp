@@ -5,7 +5,7 @@
 #include "support/TextCapture.h"
 #include "support/oracle/PlainBuilder.h"
 
-#include <tamo/surface/TAMO.h>
+#include <tamo/conn/GLConn.h>
 
 #include <gtest/gtest.h>
 
@@ -187,30 +187,6 @@ TEST(GLConn, IsDestroyedThroughItsBase) {
     EXPECT_TRUE((std::is_base_of_v<NhProp, GLConn>));
     std::unique_ptr<NhProp> const conn = std::make_unique<GLConn>();
     EXPECT_EQ(conn->getVInfo(0), 0x301U);
-}
-
-TEST(GLObjectListForNeighborhood, BuildsByCasesWithPolygonNormals) {
-    for (NHConfig const config : kSystems) {
-        GLObjectList list;
-        list.push_back(new GLObject());
-        GLObjectListForNeighborhood(config, list);
-        EXPECT_EQ(list.size(), 256U);
-        EXPECT_EQ(digestOf(list), wrapDigest(GLConn(Neighborhood::N6), config));
-    }
-}
-
-TEST(GLObjectListForNeighborhood, ServesAnyValueWithAFullList) {
-    GLObjectList tetrahedra;
-    GLObjectListForNeighborhood(Neighborhood::N14II, tetrahedra);
-    GLObjectList list;
-    for (unsigned int const config : {0U, 2U, 3U, 4U, 5U, 6U, 8U, 11U, 16U, 31U, 255U, 0xffffffffU}) {
-        GLObjectListForNeighborhood(static_cast<NHConfig>(config), list);
-        EXPECT_EQ(list.size(), 256U);
-        EXPECT_EQ(digestOf(list), digestOf(tetrahedra)) << config;
-    }
-    GLObjectListForNeighborhood(Neighborhood::N6, list);
-    EXPECT_EQ(list.size(), 256U);
-    EXPECT_NE(digestOf(list), digestOf(tetrahedra));
 }
 
 } // namespace

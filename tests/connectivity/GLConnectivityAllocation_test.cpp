@@ -1,17 +1,14 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include <tamo/connectivity/GLConnectivity.h>
-#include <tamo/surface/TAMO.h>
 
 #include "support/ConnectivityPrivates.h"
 #include "support/Digest.h"
-#include "support/StreamCapture.h"
 #include "support/memory/FailingNew.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <iostream>
 #include <memory>
 #include <new>
 #include <vector>
@@ -19,7 +16,6 @@
 namespace {
 
 using tamo::test::FailingNew;
-using tamo::test::StreamCapture;
 
 GLTesselation sixTetrahedra() {
     GLTesselation tesselation(6);
@@ -184,33 +180,6 @@ TEST(GLConnectivityAllocation, FailedFanKeepsTheObject) {
         // Two blocks a polygon; the fan replaces three by one.
         EXPECT_EQ(FailingNew::liveBlocks() - before, hasFailed ? 0 : -4) << n;
     }
-}
-
-TEST(GLConnectivityAllocation, FailedTesselationGivesAnEmptyListAndOneLine) {
-    // The first failures hit the corner lists that the builder starts from; they pass through as exceptions.
-    unsigned int emptyLists = 0;
-    for (std::size_t n = 1; n <= 40; ++n) {
-        StreamCapture const errors(std::cerr);
-        GLObjectList list;
-        bool isThrown = false;
-        {
-            FailingNew const guard(n);
-            try {
-                GLObjectListForNeighborhood(Neighborhood::N14II, list);
-            } catch (std::bad_alloc const&) {
-                isThrown = true;
-            }
-        }
-        if (isThrown) {
-            EXPECT_EQ(errors.text(), "") << n;
-            continue;
-        }
-        ++emptyLists;
-        EXPECT_EQ(errors.text(), "GLTesselations alloc error\n") << n;
-        EXPECT_EQ(list.size(), 256U) << n;
-        EXPECT_TRUE(std::all_of(list.begin(), list.end(), [](GLObject const* o) { return o->size() == 0; })) << n;
-    }
-    EXPECT_EQ(emptyLists, 7U) << "the array and six corner lists";
 }
 
 } // namespace

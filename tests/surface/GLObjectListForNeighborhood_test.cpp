@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include <tamo/conn/GLConn.h>
 #include <tamo/surface/TAMO.h>
 
 #include "support/Digest.h"
@@ -13,6 +14,12 @@ using tamo::test::Digest;
 
 Neighborhood::NHConfig configOf(unsigned int value) { return static_cast<Neighborhood::NHConfig>(value); }
 
+std::uint64_t digestOf(GLObjectList const& list) {
+    Digest digest;
+    digest.add(list);
+    return digest.value();
+}
+
 void expectTetrahedra(GLObjectList const& list) {
     ASSERT_EQ(list.size(), 256U);
     for (unsigned int k = 0; k < 256; ++k) {
@@ -21,11 +28,23 @@ void expectTetrahedra(GLObjectList const& list) {
 }
 
 TEST(GLObjectListForNeighborhood, EveryValueButThreeGivesTheSixTetrahedra) {
-    for (unsigned int const value : {0U, 2U, 3U, 4U, 5U, 6U, 8U, 10U, 16U, 17U, 31U, 1000U, ~0U}) {
+    for (unsigned int const value : {0U, 2U, 3U, 4U, 5U, 6U, 8U, 10U, 11U, 16U, 17U, 31U, 255U, 1000U, ~0U}) {
         SCOPED_TRACE(value);
         GLObjectList list;
         GLObjectListForNeighborhood(configOf(value), list);
         expectTetrahedra(list);
+    }
+}
+
+TEST(GLObjectListForNeighborhood, TheThreeAreBuiltByCasesWithPolygonNormals) {
+    for (Neighborhood::NHConfig const config : {Neighborhood::N6, Neighborhood::N26, Neighborhood::N14I}) {
+        GLObjectList expected;
+        GLConn(Neighborhood::N6).wrapLocal(config, &expected, /*recomputeNormals=*/true);
+        GLObjectList list;
+        list.push_back(new GLObject());
+        GLObjectListForNeighborhood(config, list);
+        EXPECT_EQ(list.size(), 256U);
+        EXPECT_EQ(digestOf(list), digestOf(expected)) << config;
     }
 }
 
@@ -43,9 +62,7 @@ TEST(GLObjectListForNeighborhood, ReplacesWhatTheListHeld) {
 TEST(GLObjectListForNeighborhood, ListIsTheSameToTheLastBitEverywhere) {
     GLObjectList list;
     GLObjectListForNeighborhood(Neighborhood::N14II, list);
-    Digest digest;
-    digest.add(list);
-    EXPECT_EQ(digest.value(), 6321158765555973218U);
+    EXPECT_EQ(digestOf(list), 6321158765555973218U);
 }
 
 } // namespace
