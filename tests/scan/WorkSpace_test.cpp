@@ -120,6 +120,16 @@ TEST(WorkSpaceMemory, IsTakenUpToTheSizeOfTheVolume) {
     EXPECT_TRUE(wasTaken[0] && wasTaken[1]);
 }
 
+TEST(WorkSpaceMemory, IsTakenWhereItIsJustAsLargeAsTheVolume) {
+    for (SampleGrid const& grid : {gridOf(2, 25, 88), gridOf(40, 2, 118)}) {
+        std::int64_t const voxels = grid.count.x * grid.count.y * grid.count.z;
+        ASSERT_EQ(WorkSpace::bytesFor(grid, planOf(8)), voxels);
+        ASSERT_GT(voxels, 4096);
+        EXPECT_TRUE(WorkSpace(grid, planOf(8)).isTaken());
+        EXPECT_FALSE(WorkSpace(grid, planOf(9)).isTaken());
+    }
+}
+
 TEST(WorkSpaceMemory, IsAsLargeAsItSaysAndFreedInTheEnd) {
     SampleGrid const grid = gridOf(90, 80, 70);
     std::ptrdiff_t const before = FailingNew::liveBlocks();
