@@ -29,6 +29,14 @@ void* allocate(std::size_t size) {
     return block;
 }
 
+void* allocateOrNull(std::size_t size) noexcept {
+    try {
+        return allocate(size);
+    } catch (std::bad_alloc const&) {
+        return nullptr;
+    }
+}
+
 void release(void* block) noexcept {
     if (block != nullptr) {
         --blockCount;
@@ -40,6 +48,9 @@ void release(void* block) noexcept {
 
 void* operator new(std::size_t size) { return allocate(size); }
 void* operator new[](std::size_t size) { return allocate(size); }
+// Those of the standard library end up in the two above; those of a sanitizer do not.
+void* operator new(std::size_t size, std::nothrow_t const& /*tag*/) noexcept { return allocateOrNull(size); }
+void* operator new[](std::size_t size, std::nothrow_t const& /*tag*/) noexcept { return allocateOrNull(size); }
 void operator delete(void* block) noexcept { release(block); }
 void operator delete[](void* block) noexcept { release(block); }
 void operator delete(void* block, std::size_t /*size*/) noexcept { release(block); }
