@@ -100,13 +100,13 @@ TEST_F(WorkSpace, HasTheSizeOfItsFormula) {
 }
 
 TEST_F(WorkSpace, AScanWithoutItIsTheSame) {
-    std::vector<unsigned char> voxels(50 * 41 * 33);
+    std::vector<unsigned char> voxels(120 * 90 * 70);
     for (std::size_t i = 0; i < voxels.size(); ++i) {
         // Of other values than 0 and 1 the lowest bit counts, in this scan as in all others.
         voxels[i] = static_cast<unsigned char>(i * 37 % 251 / 3);
     }
     auto const scanVoxels = [&](CallCounter& receiver) {
-        return wrapGlobal(voxels.data(), {1, 50, 50 * 41}, 1, {-3, 5, 7}, {40, 30, 20}, list, receiver);
+        return wrapGlobal(voxels.data(), {1, 120, 120 * 90}, 1, {-3, 5, 7}, {100, 70, 50}, list, receiver);
     };
     CallCounter expected;
     EXPECT_TRUE(scanVoxels(expected));
