@@ -18,19 +18,17 @@ constexpr std::int64_t kSides[] = {0, 1, 2, 7};
 TEST(SampleGrid, SamplesAreStepVoxelsApartFromTheOriginOn) {
     MappedMemory memory(std::size_t{1} << 36U, MappedMemory::Access::kNone);
     unsigned char const* const data = memory.bytes() + (std::int64_t{1} << 35U);
-    // Addresses far past 32 bits, in both directions.
-    GLtVec3<int> const increments = {-3, 1 << 20, -(1 << 24)};
-    GLtVec3<int> const origin = {5, 1 << 12, 300};
-    for (unsigned int const step : {1U, 2U, 9U}) {
-        SampleGrid const grid = makeSampleGrid(data, increments, step, origin, {1, 1, 1});
-        for (std::int64_t const z : kSides) {
-            for (std::int64_t const y : kSides) {
-                for (std::int64_t const x : kSides) {
-                    std::int64_t const s = step;
-                    std::int64_t const place =
-                        -3 * (5 + s * x) + ((4096 + s * y) * (1 << 20)) - ((300 + s * z) * (1 << 24));
-                    EXPECT_EQ(grid.at(x, y, z) - data, place);
-                }
+    for (int const sign : {1, -1}) {
+        for (unsigned int const step : {1U, 2U, 9U}) {
+            // Addresses far past 32 bits.
+            GLtVec3<int> const increments = {-3, sign * (1 << 20), sign * (1 << 24)};
+            SampleGrid const grid = makeSampleGrid(data, increments, step, {5, 1 << 12, 300}, {1, 1, 1});
+            for (std::int64_t i = 0; i < 4 * 4 * 4; ++i) {
+                std::int64_t const x = kSides[i % 4];
+                std::int64_t const y = kSides[i / 4 % 4];
+                std::int64_t const z = kSides[i / 16];
+                std::int64_t const farPlace = ((4096 + step * y) << 20U) + ((300 + step * z) << 24U);
+                EXPECT_EQ(grid.at(x, y, z) - data, -3 * (5 + step * x) + sign * farPlace);
             }
         }
     }
@@ -47,9 +45,10 @@ TEST(SampleGrid, CountsTheWholeStepsOfAnUnsignedExtent) {
             EXPECT_EQ(grid.count.z, (side + 2) / whole);
         }
     }
-    SampleGrid const grid = makeSampleGrid(&voxel, {0, 0, 0}, 1, {0, 0, 0}, {-1, std::numeric_limits<int>::min(), 1});
-    EXPECT_EQ(grid.count.x, (std::int64_t{1} << 32U) - 1);
-    EXPECT_EQ(grid.count.y, std::int64_t{1} << 31U);
+    SampleGrid const grid = makeSampleGrid(&voxel, {0, 0, 0}, 3, {0, 0, 0}, {-1, std::numeric_limits<int>::min(), -4});
+    EXPECT_EQ(grid.count.x, 1431655765);
+    EXPECT_EQ(grid.count.y, 715827882);
+    EXPECT_EQ(grid.count.z, 1431655764);
 }
 
 TEST(SampleGrid, AStepPastTheSignedIntegersKeepsItsSign) {
