@@ -11,7 +11,7 @@ OutputOption::OutputOption(CLI::App& command) {
 }
 
 std::filesystem::path OutputOption::read() const {
-    std::filesystem::path const path = _text;
+    std::filesystem::path path = _text;
     if (path.extension() != ".png") {
         throw UsageError("--output " + _text + ": expected a file name that ends in .png");
     }
