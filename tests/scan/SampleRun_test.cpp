@@ -18,7 +18,8 @@ using tamo::test::MappedMemory;
 class NoiseRows {
   public:
     NoiseRows(std::ptrdiff_t stride, std::ptrdiff_t apart)
-        : _stride(stride), _apart(apart), _bytes(2 * 8 * (std::abs(stride) + std::abs(apart)) + 8) {
+        : _stride(stride), _apart(apart),
+          _bytes(static_cast<std::size_t>(16 * (std::abs(stride) + std::abs(apart)) + 8)) {
         std::mt19937 random(static_cast<unsigned int>(stride * 100 + apart));
         for (unsigned char& byte : _bytes) {
             byte = static_cast<unsigned char>(random());
