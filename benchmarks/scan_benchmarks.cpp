@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "BenchVolume.h"
 #include "MemoryPass.h"
 #include "Receivers.h"
+#include "Stage.h"
 #include "registrations.h"
 
 #include "../src/scan/SlabWalk.h"
@@ -10,19 +10,13 @@
 
 #include <benchmark/benchmark.h>
 
-#include <functional>
-#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tamo::bench {
 
 namespace {
-
-struct Pattern {
-    char const* name;
-    std::function<Cube(int side)> make;
-    // Whether targets are set for this pattern in all layouts.
-    bool isTarget;
-};
 
 constexpr int kLargest = 512;
 
@@ -43,54 +37,6 @@ constexpr Layout kThin[] = {{"x_thin_8", {0, 1, 2}, 1, 0, {8, 0, 0}}, {"y_thin_8
 constexpr Layout kFlat[] = {{"x_flat_1", {0, 1, 2}, 1, 0, {0, 0, 1}},
                             {"x_flat_2", {0, 1, 2}, 1, 0, {0, 0, 2}},
                             {"x_flat_8", {0, 1, 2}, 1, 0, {0, 0, 8}}};
-
-// The volume that the running benchmark needs: made when a benchmark first asks for it, then kept for those that
-// follow, so that one large volume at a time is in memory.
-class Stage {
-  public:
-    BenchVolume const& volume(Pattern const& pattern, int side, Layout const& layout) {
-        std::string const cubeName = pattern.name + ('/' + std::to_string(side));
-        if (cubeName != _cubeName) {
-            _volume = nullptr;
-            _volumeName.clear();
-            _cube = pattern.make(side);
-            _cubeName = cubeName;
-        }
-        if (layout.name != _volumeName) {
-            _volume = nullptr;
-            _volume = std::make_unique<BenchVolume>(_cube, layout);
-            _volumeName = layout.name;
-        }
-        return *_volume;
-    }
-
-    // Returns the list that scans use.
-    GLObjectList const& objects() {
-        if (_objects.size() == 0) {
-            GLObjectListForNeighborhood(Neighborhood::N14II, _objects);
-        }
-        return _objects;
-    }
-
-    // Returns the same with a polygon for empty and for full cells, so that a count has to count those as well.
-    GLObjectList const& objectsForAllCells() {
-        if (_objectsForAllCells.size() == 0) {
-            GLObjectListForNeighborhood(Neighborhood::N14II, _objectsForAllCells);
-            for (std::size_t const slot : {std::size_t{0}, std::size_t{255}}) {
-                _objectsForAllCells[slot]->push_back(std::make_unique<GLPolygon>(3U).release());
-            }
-        }
-        return _objectsForAllCells;
-    }
-
-  private:
-    std::string _cubeName;
-    Cube _cube{};
-    std::string _volumeName;
-    std::unique_ptr<BenchVolume> _volume;
-    GLObjectList _objects;
-    GLObjectList _objectsForAllCells;
-};
 
 Stage& stage() {
     static Stage only;

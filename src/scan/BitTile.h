@@ -39,6 +39,12 @@ constexpr BitTile lowered(BitTile tile, unsigned int planes) {
 /// Moves every lane of a tile down by one; the last comes from the front of the tile behind.
 constexpr BitTile shiftedLanes(BitTile tile, BitTile behind) { return tile >> 8U | behind << 56U; }
 
+/// Packs eight bytes of 0 or 1 into one, the least significant first.
+constexpr std::uint64_t packEight(std::uint64_t bytes) {
+    // The factor moves each byte to a bit of its own in the product's top byte, and no sum carries into it.
+    return (bytes * 0x0102040810204080U) >> 56U;
+}
+
 /// Returns how many of a tile's bits are set.
 constexpr std::uint64_t countBits(BitTile tile) {
     tile -= tile >> 1U & 0x5555555555555555U;

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../objects/Configurations.h"
 #include "CellOrder.h"
+#include "CutColumns.h"
 #include "CutTiles.h"
 #include "SlabWalk.h"
 #include "WorkSpace.h"
@@ -22,7 +22,7 @@ class CellScan {
 
     /// Hands every cut cell to the receiver once, in the order of CellOrder.h.
     template <typename Receiver> void handTo(Receiver& receiver) {
-        ColumnsOf<Receiver> columns{_count.z, receiver};
+        CutColumns<Receiver> columns(_count.z, receiver);
         forEachBlock(columns);
         handCornersTo(receiver);
     }
@@ -78,23 +78,6 @@ class CellScan {
     }
 
   private:
-    /// Hands a receiver the cells of each block column by column.
-    template <typename Receiver> struct ColumnsOf {
-        void takeSlab(BitTile const* /*tiles*/, std::int64_t /*count*/) {}
-        void takeBlock(CutTiles const& cut, CellRow row) {
-            if (planes == 1) {
-                handThinColumns<1>(cut, row, receiver);
-            } else if (planes == kThinPlanes) {
-                handThinColumns<kThinPlanes>(cut, row, receiver);
-            } else {
-                handColumns(cut, row, receiver);
-            }
-        }
-
-        std::int64_t planes;
-        Receiver& receiver;
-    };
-
     template <typename Taker, typename... Rows> void takeRow(Taker& taker, CellRow row, Rows const&... rows) {
         std::int64_t const lanes = (row.isAlongX ? _count.x : _count.y) - 1;
         CutTiles cut = _space.cutTiles();
@@ -105,73 +88,11 @@ class CellScan {
         }
     }
 
-    template <typename Receiver> static void handColumns(CutTiles cut, CellRow row, Receiver& receiver);
-    template <unsigned int planes, typename Receiver>
-    static void handThinColumns(CutTiles const& cut, CellRow row, Receiver& receiver);
-
     void keepBorder();
 
     GLtVec3<std::int64_t> _count;
     SlabWalk _walk;
     WorkSpace const& _space;
 };
-
-/// Does what `handColumns` does for the one tile of a thin grid.
-template <unsigned int planes, typename Receiver>
-void CellScan::handThinColumns(CutTiles const& cut, CellRow row, Receiver& receiver) {
-    std::array<BitTile, planes + 1> configurations{};
-    std::copy_n(cut.configurations, planes + 1, configurations.begin());
-    std::int64_t i = cut.firstLane;
-    for (BitTile lanes = cut.cells[0]; lanes != 0; lanes >>= 8U, ++i) {
-        if ((lanes & 0xFFU) != 0) {
-            CellColumn const column = row.column(i);
-            receiver.beginColumn(column.x, column.y);
-        }
-        for (unsigned int k = 0; k <= planes; ++k) {
-            auto const configuration = static_cast<unsigned char>(configurations[k]);
-            if (configuration != 0 && configuration != kFullCell) {
-                receiver.takeCell(configuration, std::int64_t{k} - 1);
-            }
-            configurations[k] >>= 8U;
-        }
-    }
-}
-
-/// Hands the cells of a block to the receiver, column by column from the bottom up. Uses up the block's cells.
-template <typename Receiver> void CellScan::handColumns(CutTiles cut, CellRow row, Receiver& receiver) {
-    auto const beginColumn = [&](unsigned int lane) {
-        CellColumn const column = row.column(cut.firstLane + lane);
-        receiver.beginColumn(column.x, column.y);
-    };
-    // Cell k lies between sample planes k - 1 and k, and is named by the lower.
-    auto const takeCell = [&](std::size_t tile, unsigned int plane, unsigned int lane) {
-        unsigned int const configuration = laneOf(cut.configurations[kTileSide * tile + plane], lane);
-        receiver.takeCell(static_cast<unsigned char>(configuration),
-                          static_cast<std::int64_t>(cut.firstCell[tile] + plane) - 1);
-    };
-    // Fewer than this are not worth the turning below.
-    constexpr std::size_t kWorthTurning = 6;
-    if (cut.count < kWorthTurning) {
-        for (unsigned int lane = 0; lane < kTileSide; ++lane) {
-            beginColumn(lane);
-            for (std::size_t tile = 0; tile < cut.count; ++tile) {
-                for (unsigned int cells = laneOf(cut.cells[tile], lane); cells != 0; cells &= cells - 1) {
-                    takeCell(tile, static_cast<unsigned int>(__builtin_ctz(cells)), lane);
-                }
-            }
-        }
-        return;
-    }
-    turnByEights(cut);
-    for (unsigned int lane = 0; lane < kTileSide; ++lane) {
-        beginColumn(lane);
-        for (std::size_t tile = 0; tile < cut.count; tile += kTileSide) {
-            for (BitTile cells = cut.cells[tile + lane]; cells != 0; cells &= cells - 1) {
-                auto const place = static_cast<unsigned int>(__builtin_ctzll(cells));
-                takeCell(tile + place / kTileSide, place % kTileSide, lane);
-            }
-        }
-    }
-}
 
 } // namespace tamo::scan

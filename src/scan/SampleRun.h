@@ -20,12 +20,6 @@ inline std::uint64_t loadEight(unsigned char const* bytes) {
     return value;
 }
 
-/// Packs eight bytes of 0 or 1 into one, the least significant first.
-constexpr std::uint64_t packEight(std::uint64_t bytes) {
-    // The factor moves each byte to a bit of its own in the product's top byte, and no sum carries into it.
-    return (bytes * 0x0102040810204080U) >> 56U;
-}
-
 /// Eight samples in a row, a fixed `Distance` of bytes from one to the next, which are loaded together as the bytes of
 /// a word. Nothing before the first or behind the last is read; bytes between them are, but do not count.
 ///
