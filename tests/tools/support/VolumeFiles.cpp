@@ -126,7 +126,7 @@ FileFormat tiffStack(std::string const& name, char const* mode, int compression)
 }
 
 FileFormat attached(std::string const& name, std::string const& fileName,
-                    std::function<std::string(Samples const&)> content) {
+                    std::function<std::string(Samples const&)> const& content) {
     return {name, fileName, [content](Samples const& s, fs::path const& path) { writeBytes(path, content(s)); }, true};
 }
 

@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 // The file of a volume that holds its voxels, or the last part of them.
 fs::path voxelFile(fs::path const& folder, FileFormat const& format) {
-    fs::path const path = folder / format.fileName;
+    fs::path path = folder / format.fileName;
     if (fs::is_directory(path)) {
         std::vector<fs::path> slices{fs::directory_iterator(path), {}};
         return slices.front();
