@@ -100,7 +100,7 @@ void infoPlainly(benchmark::State& state, plain::ScanArguments const& a) {
 void read(benchmark::State& state, plain::ScanArguments const& a) {
     scan::SampleGrid const grid = scan::makeSampleGrid(a.data, a.increments, a.step, a.origin, a.extent);
     scan::ReadPlan const plan = scan::makeReadPlan(grid);
-    scan::WorkSpace const space(grid, plan);
+    scan::WorkSpace space(grid, plan);
     for (auto _ : state) {
         for (scan::SlabWalk walk(grid, plan, space.ring()); walk.next();) {
             benchmark::DoNotOptimize(walk.slab());

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "../neighborhood/CornerBits.h"
 #include "../objects/Configurations.h"
 #include "../objects/appendOwned.h"
 
@@ -7,6 +8,7 @@
 #include <tamo/neighborhood/GLUnitCube.h>
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <utility>
 
@@ -28,7 +30,7 @@ class PolyhedronCut {
         };
         // No corner past the cell's eight is foreground; cutting a link to one stops at the cube's bounds.
         auto const isForeground = [configuration](unsigned int corner) {
-            return corner < 8 && (configuration >> corner & 1U) != 0;
+            return corner < tamo::kCornerCount && (configuration >> corner & 1U) != 0;
         };
         for (unsigned int a = 0; a < corners; ++a) {
             if (!isForeground(cornerAt(a))) {
@@ -67,7 +69,9 @@ class PolyhedronCut {
         ++_count;
     }
 
-    std::array<GLVec3f, 8> _positions;
+    static constexpr std::size_t kMostCuts = 8;
+
+    std::array<GLVec3f, kMostCuts> _positions;
     unsigned int _count = 0;
     // Points from the foreground to the background: the polygon's outward side.
     GLVec3f _direction;

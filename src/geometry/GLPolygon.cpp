@@ -106,6 +106,7 @@ void GLPolygon::clear() {
 }
 
 bool GLPolygon::pushBack(GLAccess3f const& /*vertex*/) { return false; }
+bool GLPolygon::pushBack(GLConstAccess3f const& /*vertex*/) { return false; }
 
 bool GLPolygon::swapV(unsigned int i, unsigned int j) {
     if (i >= _count || j >= _count) {
@@ -138,6 +139,10 @@ float GLPolygon::area() const {
 }
 
 GLVec3f GLPolygon::sortCCW(GLAccess3f const& reference) {
+    return sortCCW(static_cast<GLConstAccess3f const&>(reference));
+}
+
+GLVec3f GLPolygon::sortCCW(GLConstAccess3f const& reference) {
     GLVec3f const r = reference;
     _ccw = true;
     auto const turn = [this](unsigned int i, unsigned int j) {

@@ -10,4 +10,7 @@ constexpr unsigned int kFullCell = 255;
 /// The number of cell configurations, and of slots in a complete list.
 constexpr unsigned int kConfigurationCount = kFullCell + 1;
 
+/// Returns whether a cell has corners of both kinds.
+constexpr bool isCut(unsigned int configuration) { return configuration != 0 && configuration != kFullCell; }
+
 } // namespace tamo

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <type_traits>
 
 // The order in which receivers get the cells of a grid: six blocks of columns along z, a column being named by the
 // sample at its lower corner, -1 to the number of samples less one.
@@ -29,18 +30,28 @@ struct CellRow {
     std::int64_t at;
 };
 
-/// Calls `take(CellRow, columns)` for the rows of the first five blocks: inner columns row by row, upper y, upper x,
-/// lower y and lower x border. A row's columns are numbered from 0.
+/// Those of a cell plane's four corners, as bits dx + 2 dy, that lie in the grid; the others are background.
+enum PlaneCorners : unsigned int {
+    kAllCorners = 0xF,
+    kLowerY = 0x3,
+    kUpperY = 0xC,
+    kLowerX = 0x5,
+    kUpperX = 0xA,
+};
+
+/// Calls `take(CellRow, columns, corners)` for the rows of the first five blocks: inner columns row by row, upper y,
+/// upper x, lower y and lower x border. A row's columns are numbered from 0; the type of `corners` has as its value
+/// which corners of their cells lie in the grid.
 template <typename Take> void forEachRow(GLtVec3<std::int64_t> const& samples, Take const& take) {
     std::int64_t const lastX = samples.x - 1;
     std::int64_t const lastY = samples.y - 1;
     for (std::int64_t y = 0; y < lastY; ++y) {
-        take(CellRow{true, y}, lastX);
+        take(CellRow{true, y}, lastX, std::integral_constant<unsigned int, kAllCorners>());
     }
-    take(CellRow{true, lastY}, lastX);
-    take(CellRow{false, lastX}, lastY);
-    take(CellRow{true, -1}, lastX);
-    take(CellRow{false, -1}, lastY);
+    take(CellRow{true, lastY}, lastX, std::integral_constant<unsigned int, kLowerY>());
+    take(CellRow{false, lastX}, lastY, std::integral_constant<unsigned int, kLowerX>());
+    take(CellRow{true, -1}, lastX, std::integral_constant<unsigned int, kUpperY>());
+    take(CellRow{false, -1}, lastY, std::integral_constant<unsigned int, kUpperX>());
 }
 
 /// Returns the columns of the sixth block, which are walked together: at each z all four, in this order.

@@ -16,9 +16,16 @@ namespace tamo::scan {
 /// are all alike cost nothing more. Serves one call. Allocates nothing.
 class CellScan {
   public:
-    /// `space` is taken, for this grid and plan, has not been used, and outlives the scan.
-    CellScan(SampleGrid const& grid, ReadPlan const& plan, WorkSpace const& space)
+    /// `space` is taken, for this grid and plan, has not served another scan, and outlives this one.
+    CellScan(SampleGrid const& grid, ReadPlan const& plan, WorkSpace& space)
         : _count(grid.count), _walk(grid, plan, space.ring()), _space(space) {}
+
+    /// Returns whether this is the way to scan a grid: not along a stick of few samples along x and z, whose tiles hold
+    /// little but padding. With noise in 3 x 3000 x 3 samples `PlainScan` is twice as fast.
+    [[nodiscard]] static bool suits(SampleGrid const& grid) {
+        constexpr std::int64_t kThick = 5;
+        return grid.count.x >= kThick || grid.count.z >= kThick;
+    }
 
     /// Hands every cut cell to the receiver once, in the order of CellOrder.h.
     template <typename Receiver> void handTo(Receiver& receiver) {
@@ -92,7 +99,7 @@ class CellScan {
 
     GLtVec3<std::int64_t> _count;
     SlabWalk _walk;
-    WorkSpace const& _space;
+    WorkSpace& _space;
 };
 
 } // namespace tamo::scan

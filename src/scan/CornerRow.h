@@ -24,7 +24,7 @@ template <unsigned int Corner, unsigned int NextCorner> class CornerRow {
     }
 
     /// Returns the row's corners in sample plane `plane` of octet 0, at their places among the four of a cell plane: a
-    /// byte a lane.
+    /// byte per lane.
     [[nodiscard]] BitTile cornersInPlane(std::int64_t block, unsigned int plane) const {
         constexpr BitTile kLowest = 0x0101010101010101U;
         return (own(block, 0) >> plane & kLowest) << Corner | (next(block, 0) >> plane & kLowest) << NextCorner;

@@ -93,7 +93,7 @@ void CutColumns<Receiver>::handThinColumns(CutTiles const& cut, CellRow row) {
         }
         for (unsigned int k = 0; k <= planes; ++k) {
             auto const configuration = static_cast<unsigned char>(configurations[k]);
-            if (configuration != 0 && configuration != kFullCell) {
+            if (isCut(configuration)) {
                 _receiver.takeCell(configuration, std::int64_t{k} - 1);
             }
             configurations[k] >>= 8U;

@@ -21,7 +21,7 @@ struct CutTiles {
     std::uint64_t* firstCell;
     /// Which cells of each tile are cut; room for up to 7 tiles more than `count`.
     BitTile* cells;
-    /// The cells' configurations, eight words a tile: word by cell, a byte a lane.
+    /// The cells' configurations, eight words per tile: word by cell, a byte per lane.
     BitTile* configurations;
 };
 

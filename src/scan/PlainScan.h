@@ -13,7 +13,7 @@
 namespace tamo::scan {
 
 /// Does what `CellScan` does without any memory, cell by cell: many times slower on most volumes, but the better choice
-/// where a work space would be larger than the volume, and the only one where there is none to be had.
+/// where a work space would take more than a byte per sample, and the only one where there is none to be had.
 class PlainScan {
   public:
     explicit PlainScan(SampleGrid const& grid) : _grid(grid) {}
@@ -33,28 +33,13 @@ class PlainScan {
 
     /// Hands every cut cell to the receiver once, in the order of CellOrder.h.
     template <typename Receiver> void handTo(Receiver& receiver) const {
-        std::int64_t const lastX = _grid.count.x - 1;
-        std::int64_t const lastY = _grid.count.y - 1;
-        for (std::int64_t y = 0; y < lastY; ++y) {
-            handRow<kAllCorners>({true, y}, lastX, receiver);
-        }
-        handRow<kLowerY>({true, lastY}, lastX, receiver);
-        handRow<kLowerX>({false, lastX}, lastY, receiver);
-        handRow<kUpperY>({true, -1}, lastX, receiver);
-        handRow<kUpperX>({false, -1}, lastY, receiver);
+        forEachRow(_grid.count, [&](CellRow row, std::int64_t columns, auto corners) {
+            handRow<decltype(corners)::value>(row, columns, receiver);
+        });
         handCorners(receiver);
     }
 
   private:
-    /// Those of a cell plane's four corners, as bits dx + 2 dy, that lie in the grid; the others are background.
-    enum Corners : unsigned int {
-        kAllCorners = 0xF,
-        kLowerY = 0x3,
-        kUpperY = 0xC,
-        kLowerX = 0x5,
-        kUpperX = 0xA,
-    };
-
     /// The samples around a column of cells, read from the bottom up.
     template <unsigned int corners> class Samples {
       public:
@@ -87,8 +72,6 @@ class PlainScan {
         SampleGrid const& _grid;
         unsigned int _below = 0;
     };
-
-    static bool isCut(unsigned int configuration) { return configuration != 0 && configuration != kFullCell; }
 
     template <unsigned int corners, typename Receiver>
     void handRow(CellRow row, std::int64_t columns, Receiver& receiver) const {

@@ -9,7 +9,7 @@
 #include <limits>
 
 // All constants here were tuned with scripts/bench on volumes of 256 and 512 voxels a side, one byte a voxel, on a
-// processor with 48 KiB of first and 1 MiB of second-level cache a core. They are counted in bytes of memory, not in
+// processor with 48 KiB of first and 1 MiB of second-level cache per core. They are counted in bytes of memory, not in
 // samples, so that they hold for steps and spread samples as well.
 
 namespace tamo::scan {

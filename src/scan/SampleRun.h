@@ -109,7 +109,7 @@ class FarRun {
     [[nodiscard]] std::uint64_t load(unsigned char const* first) const {
         std::uint64_t samples = 0;
         for (unsigned int i = 0; i < kTileSide; ++i) {
-            samples |= std::uint64_t{first[i * _stride]} << (8 * i);
+            samples |= std::uint64_t{first[i * _stride]} << (kTileSide * i);
         }
         return samples & 0x0101010101010101U;
     }

@@ -17,7 +17,7 @@ namespace tamo::scan {
 ///
 ///     for (SlabWalk walk(grid, plan, ring); walk.next();) { use(walk.y(), walk.slab()); }
 ///
-/// What lies beyond the grid is not the walk's affair. Where it is background, its user adds the border's cells; where
+/// What lies beyond the grid is left to the caller. Where it is background, the caller adds the border's cells; where
 /// it is not, as for a piece of a larger volume, the grid is to include the samples there (`SampleGrid::grown`).
 class SlabWalk {
   public:
@@ -26,7 +26,7 @@ class SlabWalk {
         : _reader(grid, plan), _ring(ring), _count(grid.count.y), _slabsOfRead(plan.slabsOfFirstRead),
           _slabsPerRead(plan.slabsPerRead) {}
 
-    /// Goes to the next slab, the first one at first, and reads slabs where none is at hand. Returns false behind the
+    /// Goes to the next slab, starting with the first, and reads slabs where none is at hand. Returns false behind the
     /// last.
     bool next() {
         ++_y;

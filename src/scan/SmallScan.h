@@ -8,6 +8,8 @@
 #include "SampleGrid.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace tamo::scan {
@@ -51,7 +53,7 @@ class SmallScan {
 
     /// Hands every cut cell to the receiver once, in the order of CellOrder.h.
     template <typename Receiver> void handTo(Receiver& receiver) const {
-        forEachRow(_count, [&](CellRow row, std::int64_t columns) {
+        forEachRow(_count, [&](CellRow row, std::int64_t columns, auto /*corners*/) {
             for (std::int64_t i = 0; i < columns; ++i) {
                 handColumn(row.column(i), receiver);
             }
@@ -99,7 +101,7 @@ class SmallScan {
     /// Takes the lowest byte for the configuration.
     template <typename Receiver> static void handIfCut(std::uint64_t cells, std::int64_t z, Receiver& receiver) {
         auto const configuration = static_cast<unsigned char>(cells);
-        if (configuration != 0 && configuration != kFullCell) {
+        if (isCut(configuration)) {
             receiver.takeCell(configuration, z);
         }
     }

@@ -55,8 +55,8 @@ WorkSpace::WorkSpace(SampleGrid const& grid, ReadPlan const& plan) {
     Sizes const sizes(grid, plan);
     BitTile* memory = _small.data();
     if (sizes.all > static_cast<std::int64_t>(_small.size())) {
-        std::int64_t const voxels = product(product(grid.count.x, grid.count.y), grid.count.z);
-        if (bytesFor(grid, plan) > voxels || bytesFor(grid, plan) == kPastAllMemory) {
+        std::int64_t const samples = product(product(grid.count.x, grid.count.y), grid.count.z);
+        if (bytesFor(grid, plan) > samples || bytesFor(grid, plan) == kPastAllMemory) {
             return;
         }
         _large.reset(new (std::nothrow) BitTile[static_cast<std::size_t>(sizes.all)]);

@@ -81,7 +81,7 @@ Histogram countCells(SampleGrid const& grid, CountedCells wanted) {
     AxisOrder const order(grid);
     SampleGrid const ordered = order.grid();
     ReadPlan const plan = makeReadPlan(ordered);
-    WorkSpace const space(ordered, plan);
+    WorkSpace space(ordered, plan);
     if (!space.isTaken()) {
         return countWithout(PlainScan(grid), grid, wanted);
     }

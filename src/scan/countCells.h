@@ -15,7 +15,7 @@ enum class CountedCells {
 };
 
 /// Counts the cells of a grid, its border of background samples included, by their configurations. Without memory for
-/// its work space it counts all the same, many times slower. Never throws.
+/// its work space it counts all the same, only slower. Never throws.
 Histogram countCells(SampleGrid const& grid, CountedCells wanted);
 
 } // namespace tamo::scan

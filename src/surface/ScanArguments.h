@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <type_traits>
 
 namespace tamo {
 
@@ -25,8 +26,12 @@ inline bool isScannable(unsigned char const* data, unsigned int step, GLtVec3<in
 /// does not fit.
 template <typename T> std::optional<GLtVec3<int>> scanIncrements(GLtVec3<T> const& increments) {
     auto const fits = [](T increment) {
-        auto const wide = static_cast<std::int64_t>(increment);
-        return wide >= std::numeric_limits<int>::min() && wide <= std::numeric_limits<int>::max();
+        if constexpr (std::is_signed_v<T>) {
+            auto const wide = static_cast<std::int64_t>(increment);
+            return wide >= std::numeric_limits<int>::min() && wide <= std::numeric_limits<int>::max();
+        } else {
+            return increment <= static_cast<unsigned int>(std::numeric_limits<int>::max());
+        }
     };
     if (!fits(increments.x) || !fits(increments.y) || !fits(increments.z)) {
         return std::nullopt;

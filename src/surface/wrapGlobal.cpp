@@ -9,6 +9,7 @@
 #include <tamo/surface/TAMO.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <memory>
 #include <new>
@@ -108,8 +109,8 @@ void scanCells(scan::SampleGrid const& grid, GLtVec3<AxisPositions> const& posit
     }
     CellDelivery<AxisPositions> delivery(objects, positions, aggregator);
     scan::ReadPlan const plan = scan::makeReadPlan(grid);
-    scan::WorkSpace const space(grid, plan);
-    if (space.isTaken()) {
+    scan::WorkSpace space(grid, plan);
+    if (space.isTaken() && scan::CellScan::suits(grid)) {
         scan::CellScan(grid, plan, space).handTo(delivery);
     } else {
         scan::PlainScan(grid).handTo(delivery);
@@ -121,7 +122,7 @@ void scanCells(scan::SampleGrid const& grid, GLtVec3<AxisPositions> const& posit
 bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
                 GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
                 IPolygonAggregator& aggregator) {
-    // Receivers may keep what they get until `finish`: so long the scaled objects live.
+    // Receivers may keep what they get until `finish`: the scaled objects live that long.
     std::unique_ptr<GLObjectList> scaled;
     GLObjectList const* list = nullptr;
     aggregator.start();

@@ -149,4 +149,15 @@ TEST(GLPolygonOrder, EveryOrderOfASquareIsTurnedCounterClockwise) {
     } while (std::next_permutation(order.begin(), order.end()));
 }
 
+// The normal of a polygon that may only be read serves as a reference as well.
+TEST(GLPolygonOrder, ReferencesMayBeReadOnly) {
+    GLPolygon polygon(3);
+    polygon.vertex(1) = GLVec3f(0, 1, 0);
+    polygon.vertex(2) = GLVec3f(1, 0, 0);
+    polygon.setNormals(GLVec3f(0, 0, 1));
+    GLPolygon const model(polygon);
+    EXPECT_EQ(polygon.sortCCW(model.normal(0)), GLVec3f(0, 0, -1));
+    EXPECT_EQ(GLVec3f(polygon.vertex(1)), GLVec3f(1, 0, 0));
+}
+
 } // namespace

@@ -173,6 +173,7 @@ TEST(GLPolygon, PushBackIsRefused) {
     GLPolygon polygon = numberedPolygon(3);
     PlainPolygon const before = tamo::test::plainOf(polygon);
     EXPECT_FALSE(polygon.pushBack(polygon.vertex(0)));
+    EXPECT_FALSE(polygon.pushBack(std::as_const(polygon).vertex(0)));
     EXPECT_TRUE(samePolygon(polygon, before));
 }
 

@@ -40,7 +40,7 @@ TEST(CellOrder, RowsAreThoseOfTheFirstFiveBlocks) {
     for (std::int64_t sizeX = 1; sizeX < 6; ++sizeX) {
         for (std::int64_t sizeY = 1; sizeY < 6; ++sizeY) {
             Columns columns;
-            forEachRow({sizeX, sizeY, 3}, [&](CellRow row, std::int64_t count) {
+            forEachRow({sizeX, sizeY, 3}, [&](CellRow row, std::int64_t count, auto /*corners*/) {
                 for (std::int64_t i = 0; i < count; ++i) {
                     columns.emplace_back(row.column(i).x, row.column(i).y);
                 }
@@ -48,6 +48,18 @@ TEST(CellOrder, RowsAreThoseOfTheFirstFiveBlocks) {
             EXPECT_EQ(columns, columnsOfFiveBlocks(sizeX - 1, sizeY - 1));
         }
     }
+}
+
+TEST(CellOrder, ARowsCornersAreThoseInTheGrid) {
+    forEachRow({4, 5, 3}, [](CellRow row, std::int64_t count, auto corners) {
+        for (std::int64_t i = 0; i < count; ++i) {
+            for (unsigned int corner = 0; corner < 4; ++corner) {
+                std::int64_t const x = row.column(i).x + (corner & 1U);
+                std::int64_t const y = row.column(i).y + (corner >> 1U);
+                EXPECT_EQ((corners.value >> corner & 1U) != 0, x >= 0 && y >= 0 && x < 4 && y < 5);
+            }
+        }
+    });
 }
 
 TEST(CellOrder, CornerColumnsAreThoseOfTheSixth) {

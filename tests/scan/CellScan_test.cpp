@@ -15,7 +15,7 @@ void expectCutCells(Triple const& size, VolumeLayout const& layout, Noise noise)
     SCOPED_TRACE(testing::Message() << size[0] << " x " << size[1] << " x " << size[2]);
     NoiseGrid const volume(size, layout, noise);
     ReadPlan const plan = makeReadPlan(volume.grid());
-    WorkSpace const space(volume.grid(), plan);
+    WorkSpace space(volume.grid(), plan);
     ASSERT_TRUE(space.isTaken());
     CellScan scan(volume.grid(), plan, space);
     CellRecorder recorder;
@@ -84,7 +84,7 @@ struct BlockRecorder {
 TEST(CellScan, HandsOutEachSlabOnceAndEachCellInABlockOrACorner) {
     NoiseGrid const volume({19, 20, 21});
     ReadPlan const plan = makeReadPlan(volume.grid());
-    WorkSpace const space(volume.grid(), plan);
+    WorkSpace space(volume.grid(), plan);
     ASSERT_TRUE(space.isTaken());
     CellScan scan(volume.grid(), plan, space);
     BlockRecorder blocks;

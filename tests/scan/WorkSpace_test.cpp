@@ -35,7 +35,7 @@ std::int64_t bytesByFormula(std::int64_t nx, std::int64_t ny, std::int64_t nz, s
 }
 
 // The parts of a work space: where each starts, and its words.
-std::vector<std::pair<BitTile*, std::int64_t>> partsOf(WorkSpace const& space, SampleGrid const& grid) {
+std::vector<std::pair<BitTile*, std::int64_t>> partsOf(WorkSpace& space, SampleGrid const& grid) {
     SlabRing const& ring = space.ring();
     std::int64_t const octets = grid.count.z / 8 + 1;
     std::int64_t const side = ((grid.count.y + 7) / 8 + 1) * octets;
@@ -49,7 +49,7 @@ std::vector<std::pair<BitTile*, std::int64_t>> partsOf(WorkSpace const& space, S
             {cut.firstCell, octets + 7}};
 }
 
-void expectClearAndApart(WorkSpace const& space, SampleGrid const& grid, ReadPlan const& plan) {
+void expectClearAndApart(WorkSpace& space, SampleGrid const& grid, ReadPlan const& plan) {
     ASSERT_TRUE(space.isTaken());
     EXPECT_EQ(space.ring().size, plan.slabsPerRead + 1);
     EXPECT_EQ(space.ring().octets, grid.count.z / 8 + 1);
@@ -87,7 +87,7 @@ TEST(WorkSpaceMemory, SizesPast64BitsAreTheLargestAndNotTaken) {
                                    SampleGrid{nullptr, {1, 0, 0}, {kLongest, 1000, kLongest}}}) {
         EXPECT_EQ(WorkSpace::bytesFor(grid, planOf(128)), kMost);
         FailingNew const counter;
-        WorkSpace const space(grid, planOf(128));
+        WorkSpace space(grid, planOf(128));
         EXPECT_FALSE(space.isTaken());
         EXPECT_EQ(FailingNew::allocations(), 0U);
     }
@@ -97,7 +97,7 @@ TEST(WorkSpaceMemory, IsNotTakenWhereItWouldBeLargerThanTheVolume) {
     for (SampleGrid const& grid : {gridOf(1, 1, 100000000), gridOf(2, 2, 30000), gridOf(30000, 2, 2)}) {
         ReadPlan const plan = makeReadPlan(grid);
         FailingNew const counter;
-        WorkSpace const space(grid, plan);
+        WorkSpace space(grid, plan);
         EXPECT_FALSE(space.isTaken());
         EXPECT_EQ(FailingNew::allocations(), 0U);
     }
@@ -112,7 +112,7 @@ TEST(WorkSpaceMemory, IsTakenUpToTheSizeOfTheVolume) {
         std::int64_t const bytes = WorkSpace::bytesFor(grid, plan);
         bool const isLarge = bytes > 4096;
         FailingNew const counter;
-        WorkSpace const space(grid, plan);
+        WorkSpace space(grid, plan);
         EXPECT_EQ(space.isTaken(), !isLarge || bytes <= 17 * 18 * z) << z;
         EXPECT_EQ(FailingNew::allocations(), isLarge && space.isTaken() ? 1U : 0U) << z;
         wasTaken[isLarge ? 1 : 0] |= space.isTaken();
@@ -135,7 +135,7 @@ TEST(WorkSpaceMemory, IsAsLargeAsItSaysAndFreedInTheEnd) {
     std::ptrdiff_t const before = FailingNew::liveBlocks();
     {
         FailingNew const counter;
-        WorkSpace const space(grid, makeReadPlan(grid));
+        WorkSpace space(grid, makeReadPlan(grid));
         EXPECT_TRUE(space.isTaken());
         EXPECT_EQ(FailingNew::lastSize(), static_cast<std::size_t>(WorkSpace::bytesFor(grid, makeReadPlan(grid))));
     }
@@ -145,7 +145,7 @@ TEST(WorkSpaceMemory, IsAsLargeAsItSaysAndFreedInTheEnd) {
 TEST(WorkSpaceMemory, IsNotTakenWhereItCannotBeAllocated) {
     SampleGrid const grid = gridOf(90, 80, 70);
     FailingNew const failing(1);
-    WorkSpace const space(grid, makeReadPlan(grid));
+    WorkSpace space(grid, makeReadPlan(grid));
     EXPECT_TRUE(FailingNew::hasFailed());
     EXPECT_FALSE(space.isTaken());
 }
@@ -154,7 +154,7 @@ TEST(WorkSpaceMemory, IsNotTakenWhereItCannotBeAllocated) {
 TEST(WorkSpaceMemory, AllocatedPartsAreClearAndApart) {
     for (SampleGrid const& grid : {gridOf(90, 80, 70), gridOf(64, 64, 64), gridOf(41, 127, 33)}) {
         for (std::int64_t const slabs : {1, 8, 24}) {
-            WorkSpace const space(grid, planOf(slabs));
+            WorkSpace space(grid, planOf(slabs));
             expectClearAndApart(space, grid, planOf(slabs));
         }
     }

@@ -37,6 +37,8 @@ TEST(ScanArguments, IncrementsOfAnyTypeAreTakenWhereTheyFit) {
     EXPECT_FALSE(tamo::scanIncrements(GLtVec3<long>(kHighest + 1L, 0, 0)));
     EXPECT_FALSE(tamo::scanIncrements(GLtVec3<long>(0, kLowest - 1L, 0)));
     EXPECT_FALSE(tamo::scanIncrements(GLtVec3<unsigned int>(0, 0, 3000000000U)));
+    EXPECT_FALSE(tamo::scanIncrements(GLtVec3<std::size_t>(0, std::numeric_limits<std::size_t>::max(), 0)));
+    EXPECT_EQ(tamo::scanIncrements(GLtVec3<std::size_t>(1, kHighest, 3)), (GLtVec3<int>(1, kHighest, 3)));
 }
 
 } // namespace

@@ -31,8 +31,8 @@ class TAMO_EXPORT GLConnectivity {
     /// Replaces the polygons of `object` by one closed triangle fan around the cell centre. Needs at least 3 polygons,
     /// none a fan, and as many vertices on the centre, counted over all of them, as polygons. Refuses too, where one
     /// polygon has several centre vertices, if these take more of the fan's vertices than the polygons reserve: 1 for
-    /// each triangle, 2 for each larger polygon. Returns the number of vertices saved; 0 where refused, with `object`
-    /// unchanged.
+    /// each triangle, 2 for each larger polygon. Returns the number of vertices saved, modulo 2^32; 0 where refused,
+    /// with `object` unchanged.
     ///
     /// A rim that does not close up is reported on standard error as "ERROR (triangle fan sort)", without a line end,
     /// and kept. `direction` is not used. Throws `std::bad_alloc`.

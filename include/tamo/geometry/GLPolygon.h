@@ -20,7 +20,7 @@
 /// library's assertion. Growing the array may throw `std::bad_alloc`; nothing else throws.
 ///
 /// A fan has its centre at vertex 0 and its rim at the others. A fan that is closed repeats its first rim vertex, which
-/// is vertex 1, at the end. A polygon that is no fan repeats no vertex for being closed.
+/// is vertex 1, at the end. Other closed polygons repeat no vertex.
 class TAMO_EXPORT GLPolygon {
   public:
     /// Makes three vertices, all floats 0, no flag set, black.
@@ -77,6 +77,7 @@ class TAMO_EXPORT GLPolygon {
     void clear();
     /// Does nothing and returns false: polygons grow through `resize` only.
     bool pushBack(GLAccess3f const& vertex);
+    bool pushBack(GLConstAccess3f const& vertex);
 
     /// Gives every vertex the normal `n`.
     void setNormals(GLVec3f const& n);
@@ -96,6 +97,7 @@ class TAMO_EXPORT GLPolygon {
     /// normalised sum of the turns examined. It is NaN where that sum is zero, for fewer than 3 vertices, and for a
     /// polygon that keeps its order for being closed. `reference` is read before anything moves.
     GLVec3f sortCCW(GLAccess3f const& reference);
+    GLVec3f sortCCW(GLConstAccess3f const& reference);
     /// Exchanges the whole records of vertices i and j. Returns false, changing nothing, where an index is out of
     /// range.
     bool swapV(unsigned int i, unsigned int j);

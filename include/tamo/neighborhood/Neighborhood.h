@@ -45,10 +45,11 @@ class TAMO_EXPORT Neighborhood {
     /// Throws `TamoException` "GLConn::connect ERROR:connection already defined" where two tables of `config` have a
     /// link in common. The foreground then holds the links connected before that one, in order, and the background
     /// every link that crosses none of them; `getName`, `getConnIdxSize` and `getConnIdx` still answer for the system
-    /// set up before. A copy may throw `std::bad_alloc` and then has to be set up anew.
+    /// set up before. A copied system may throw
+    /// `std::bad_alloc` here, and then has to be set up anew.
     bool setupNeighborhood(NHConfig config);
     /// Empties the foreground: every link is then a background link. `getName`, `getConnIdxSize` and `getConnIdx` still
-    /// answer for the system last set up. A copy may throw `std::bad_alloc`.
+    /// answer for the system last set up. A copied system may throw `std::bad_alloc` here.
     void clear();
 
     /// Returns "N6", "N8", "N12", "N14I", "N14II", "N26" or "invalid", for what the last successful `setupNeighborhood`

@@ -16,7 +16,8 @@ extern template class TAMO_EXPORT Vb::PointerContainer<std::vector<GLObject*>>;
 
 /// Owns the polygons of one cell configuration, in unit-cell coordinates and in drawing order.
 ///
-/// Copying shares the polygons (see `Vb::PointerContainer`); the scaling constructor makes a deep copy.
+/// Copying shares the polygons (see `Vb::PointerContainer`); the scaling constructor makes a deep copy. An object that
+/// is counted or drawn must hold no null polygon.
 class TAMO_EXPORT GLObject : public Vb::PointerContainer<std::vector<GLPolygon*>> {
   public:
     /// Holds no polygons. Never throws.

@@ -25,7 +25,7 @@ class TAMO_EXPORT GLPolygonConsumer : public IPolygonAggregator {
     void start() override;
     /// Ends the display list and disables the two arrays.
     void finish() override;
-    /// Draws every polygon of `object` moved by `offset`, in the current colour: one temporary copy a polygon.
+    /// Draws every polygon of `object` moved by `offset`, in the current colour: one temporary copy per polygon.
     void fetch(GLObject& object, GLCoord3f const& offset) override;
     /// Draws every polygon of `object` in its own colour; does nothing where the list name is 0.
     void fetch(GLObject& object) override;

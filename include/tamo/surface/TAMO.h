@@ -17,9 +17,9 @@ class CImage;
 ///
 /// Build a list once and scan with it as often as needed. What `list` held is deleted. `N6`, `N26` and `N14I` get lists
 /// of their own. Every other value gets the list of `N14II`: `N14II` itself, values that name no system, and also `N8`
-/// and `N12`, which name systems but have no list of their own. Throws `std::bad_alloc`; what `list` holds then is told
-/// by the builders, `GLConn` and `GLConnectivity`. After "GLTesselations alloc error" on standard error, which no
-/// exception follows, the list has 256 objects without polygons.
+/// and `N12`, which name systems but have no list of their own. Throws `std::bad_alloc`; `list` then holds the objects
+/// of the first configurations, possibly none, of which the last may be incomplete, or what it held before. After
+/// "GLTesselations alloc error" on standard error, which no exception follows, it has 256 objects without polygons.
 TAMO_EXPORT void GLObjectListForNeighborhood(Neighborhood::NHConfig config, GLObjectList& list);
 
 /// Scans a box of a binary volume and hands the surface to `aggregator`, cell by cell, in a fixed order.
@@ -39,9 +39,9 @@ TAMO_EXPORT void GLObjectListForNeighborhood(Neighborhood::NHConfig config, GLOb
 ///
 /// `aggregator` always receives `start` and, unless it throws, `finish`. Returns false for a list without 256 slots, a
 /// step that is 0 or larger than any side of `extent`, null `data`, and, with "wrapGlobal alloc error" on standard
-/// error, where the scaled list cannot be allocated. A scan that finds no memory to work in, or needs more than the
-/// volume takes, walks cell by cell without: the same cells in the same order, only slower. Throws only what the
-/// receiver throws.
+/// error, where the scaled list cannot be allocated. A scan that finds no memory to work in, or needs more than a byte
+/// per sample, walks cell by cell without: the same cells in the same order, only slower. Throws only what the receiver
+/// throws.
 TAMO_EXPORT bool wrapGlobal(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
                             GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
                             IPolygonAggregator& aggregator);
@@ -55,7 +55,7 @@ TAMO_EXPORT bool wrapGlobal(Kade::CImage const& image, unsigned int step, GLObje
 ///
 /// Every cell counts, so polygons in slots 0 and 255, which `wrapGlobal` never emits, count too. Returns false, leaving
 /// `info` as it was, where `wrapGlobal` would refuse its arguments. Without memory to work in it counts all the same,
-/// many times slower. Never throws.
+/// only slower. No object may hold a null polygon. Never throws.
 TAMO_EXPORT bool getGLDataInfo(unsigned char const* data, GLtVec3<int> const& increments, unsigned int step,
                                GLtVec3<int> const& origin, GLtVec3<int> const& extent, GLObjectList const& objects,
                                GLDataInfo& info);
