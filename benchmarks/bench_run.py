@@ -52,6 +52,10 @@ def name_of_volume(key):
     return f"{pattern}, {side}³, {axis}" + (f", step {step}" if str(step) != "1" else "")
 
 
+def name_of_slices(key):
+    return f"{key[0]}, {key[1]} x {key[1]} x {key[2].rsplit('_', 1)[1]}"
+
+
 def odd_layouts(run):
     """Steps, and layouts other than the contiguous ones; flat volumes, which are small, have a table of their own."""
     steps = [("ball", str(LARGEST), axis, step) for step in "23458" for axis in AXES]

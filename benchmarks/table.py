@@ -13,8 +13,8 @@ import re
 import sys
 from pathlib import Path
 
-from bench_run import (AXES, LARGEST, Run, bytes_apart, name_of_layout, name_of_volume, odd_layouts,
-                       times_contiguous)
+from bench_run import (AXES, LARGEST, Run, bytes_apart, name_of_layout, name_of_slices, name_of_volume,
+                       odd_layouts, times_contiguous)
 
 SIDES = (64, 256, 512)
 DENSE = "gyroid"
@@ -36,13 +36,6 @@ def milliseconds(microseconds):
 # What a user asks.
 
 
-def work_space(side):
-    """Bytes that a scan of a cube with x contiguous allocates; the test WorkSpace.HasTheSizeOfItsFormula holds it."""
-    slabs = max(8, 1024 // side // 8 * 8)
-    width = side + 8
-    return (slabs + 2) * width * width // 8 + 2 * width * width // 8 + 10 * width + 560
-
-
 def summary_rows(run):
     for pattern in ("brain", DENSE):
         for side in SIDES:
@@ -50,7 +43,7 @@ def summary_rows(run):
             if run.has("wrap", *key):
                 yield [f"{pattern}, {side}³", f"{run.counter('cells', 'wrap', *key) / 1000:,.0f} thousand",
                        *(milliseconds(run.time(what, *key)) for what in ("wrap", "info", "memory")),
-                       f"{work_space(side) / 1024:.0f} KiB"]
+                       f"{run.counter('workspace', 'wrap', *key) / 1024:.0f} KiB"]
 
 
 # Targets.
@@ -101,6 +94,9 @@ def worst_rows(run):
     yield row("Count, 64³ to 512³: times the scan", large, ratio("info", "wrap"), 1)
     yield row("Count, 2³ to 32³: times the scan", small, ratio("info", "wrap"), 1)
     yield row("Scan, 2³ to 64³: times faster than the plain walk", plain, ratio("wrapPlain", "wrap"), 1, False)
+    flat = [key for key in run.keys("wrapPlain") if key[2].endswith(("flat_1", "flat_2"))]
+    yield row("Scan, one or two slices: times faster than the plain walk", flat, ratio("wrapPlain", "wrap"), 1, False,
+              name_of=name_of_slices)
     yield row("Count, 2³ to 64³: times faster than the plain count", plain, ratio("infoPlain", "info"), 1, False)
     near = [key for key in odd_layouts(run) if bytes_apart(key) <= 3]
     far = [key for key in odd_layouts(run) if bytes_apart(key) > 3]
@@ -157,8 +153,7 @@ def small_rows(run):
     for key in run.keys("wrap"):
         is_cube = int(key[1]) <= 64 and key[2:] == ("x", "1")
         if (is_cube or "flat" in key[2]) and run.has("wrapPlain", *key):
-            size = f"{key[1]}³" if is_cube else f"{key[1]} x {key[1]} x {key[2][-1]}"
-            yield [f"{key[0]}, {size}", f"{run.time('wrap', *key):.2f}",
+            yield [f"{key[0]}, {key[1]}³" if is_cube else name_of_slices(key), f"{run.time('wrap', *key):.2f}",
                    f"{run.ratio('wrapPlain', 'wrap', *key):.2f}", f"{run.time('info', *key):.2f}",
                    f"{run.ratio('infoPlain', 'info', *key):.2f}"]
 
