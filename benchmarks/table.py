@@ -53,7 +53,7 @@ def judged(measured, is_met, unit=""):
     return f"{measured:.2f}{unit}" + ("" if is_met else ", **missed**")
 
 
-def cost_of_a_cell(run, axis):
+def cost_per_cell(run, axis):
     """Nanoseconds for each cut cell of the dense pattern, beyond what the ball, of the same size, takes."""
     dense = (DENSE, LARGEST, axis, 1)
     beyond = run.time("wrap", *dense) - run.time("wrap", "ball", LARGEST, axis, 1)
@@ -71,7 +71,7 @@ def target_rows(run):
 
     yield row("Scan, ball: memory passes", 5, ratio("wrap", "memory", "ball"))
     yield row("Scan, ball: times faster than the plain walk", 12, ratio("wrapPlain", "wrap", "ball"), False)
-    yield row("Scan, dense: beyond the ball, a cut cell", 5, lambda axis: cost_of_a_cell(run, axis), unit=" ns")
+    yield row("Scan, dense: beyond the ball, per cut cell", 5, lambda axis: cost_per_cell(run, axis), unit=" ns")
     yield row("Scan, dense: times faster than the plain walk", 5, ratio("wrapPlain", "wrap", DENSE), False)
     yield row("Count, ball: memory passes", 3, ratio("info", "memory", "ball"))
     yield row("Count, dense: times faster than the plain count", 10, ratio("infoPlain", "info", DENSE), False)
@@ -133,8 +133,8 @@ def collect_rows(run):
 def step_rows(run):
     for key in run.keys("collect"):
         if key[3] != "1":
-            yield [name_of_volume(key), f"{run.nanoseconds_a_sample('wrap', key):.2f}", run.times_faster("wrap", key),
-                   f"{run.nanoseconds_a_sample('info', key):.2f}", run.times_faster("info", key),
+            yield [name_of_volume(key), f"{run.nanoseconds_per_sample('wrap', key):.2f}", run.times_faster("wrap", key),
+                   f"{run.nanoseconds_per_sample('info', key):.2f}", run.times_faster("info", key),
                    f"{run.ratio('collect', 'wrap', *key):.1f}", run.times_faster("collect", key)]
 
 
@@ -145,7 +145,7 @@ def layout_rows(run):
         for what in ("wrap", "info"):
             # With a step, much of what a pass over memory sums are no samples.
             passes = f"{run.ratio(what, 'memory', *key):.1f}" if key[3] == "1" else "-"
-            row += [f"{run.nanoseconds_a_sample(what, key):.2f}", f"{times_contiguous(run, what, key):.1f}", passes]
+            row += [f"{run.nanoseconds_per_sample(what, key):.2f}", f"{times_contiguous(run, what, key):.1f}", passes]
         yield row
 
 
@@ -185,18 +185,18 @@ def tables_of(run):
         Table("Collecting cells", "With a receiver that keeps each cell's object and position.",
               (volume, "Times the scan", "Times faster than plain"), collect_rows(run)),
         Table("Steps", "With a step of k, every k-th voxel along each axis is a sample.",
-              (volume + ", step", "Scan, ns a sample", "than plain", "Count, ns a sample", "than plain",
+              (volume + ", step", "Scan, ns per sample", "than plain", "Count, ns per sample", "than plain",
                "Collecting, times the scan", "than plain"), step_rows(run)),
         Table("Other layouts", "The ball. x by 3: samples 3 bytes apart; gaps: 27 unused bytes after each row; back: "
               "falling addresses; y z x: the axes from the fastest; thin 8: 8 voxels along the densest axis.",
-              ("Densest axis", "Scan, ns a sample", "times contiguous", "memory passes", "Count, ns a sample",
+              ("Densest axis", "Scan, ns per sample", "times contiguous", "memory passes", "Count, ns per sample",
                "times contiguous", "memory passes"), layout_rows(run)),
         Table("Small volumes", "x contiguous.", ("Volume", "Scan, µs", "Times faster than plain", "Count, µs",
                                                  "Times faster than plain"), small_rows(run)),
         Table("Lists", "Time to build the list of a system.", ("System", "ms"),
               ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list"))),
         Table("A display list", "Of the brain, 256³, in Mesa without a graphics card.",
-              ("What", "ms", "ns a polygon", "Share"), display_rows(run)),
+              ("What", "ms", "ns per polygon", "Share"), display_rows(run)),
     ]
 
 
