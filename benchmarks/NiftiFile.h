@@ -9,7 +9,7 @@
 
 namespace tamo::bench {
 
-/// A volume of one byte a voxel; x runs fastest, then y.
+/// A volume of one byte per voxel; x runs fastest, then y.
 struct NiftiVolume {
     [[nodiscard]] unsigned char at(int x, int y, int z) const {
         auto const row = static_cast<std::size_t>(z) * static_cast<std::size_t>(size[1]) + static_cast<std::size_t>(y);

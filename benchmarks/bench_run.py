@@ -27,7 +27,7 @@ class Run:
         return tuple(map(str, key)) in self.medians
 
     def time(self, *key):
-        """Microseconds of processor time: what others do on the machine counts as little as can be."""
+        """Microseconds of processor time, on which other programs of the machine have the least influence."""
         return self.medians[tuple(map(str, key))]["cpu_time"]
 
     def counter(self, name, *key):
@@ -43,13 +43,17 @@ class Run:
         """The plain walk's time over the library's, as text; a dash where the plain walk was not measured."""
         return f"{self.ratio(what + 'Plain', what, *key):.1f}" if self.has(what + "Plain", *key) else "-"
 
-    def nanoseconds_a_sample(self, what, key):
+    def nanoseconds_per_sample(self, what, key):
         return 1000 * self.time(what, *key) / self.counter("samples", what, *key)
 
 
 def name_of_volume(key):
     pattern, side, axis, step = key
     return f"{pattern}, {side}³, {axis}" + (f", step {step}" if str(step) != "1" else "")
+
+
+def name_of_slices(key):
+    return f"{key[0]}, {key[1]} x {key[1]} x {key[2].rsplit('_', 1)[1]}"
 
 
 def odd_layouts(run):
@@ -66,7 +70,7 @@ def bytes_apart(key):
 def times_contiguous(run, what, key):
     """The cost of a sample over that of the same volume with its densest axis contiguous and no step."""
     contiguous = (key[0], key[1], key[2][0], "1")
-    return run.nanoseconds_a_sample(what, key) / run.nanoseconds_a_sample(what, contiguous)
+    return run.nanoseconds_per_sample(what, key) / run.nanoseconds_per_sample(what, contiguous)
 
 
 def name_of_layout(key):

@@ -58,6 +58,12 @@ void tellSamples(benchmark::State& state, plain::ScanArguments const& a) {
     state.counters["samples"] = along(a.extent.x) * along(a.extent.y) * along(a.extent.z);
 }
 
+// Not what small and thin volumes take, which are scanned without.
+void tellWorkSpace(benchmark::State& state, plain::ScanArguments const& a) {
+    scan::SampleGrid const grid = scan::makeSampleGrid(a.data, a.increments, a.step, a.origin, a.extent);
+    state.counters["workspace"] = static_cast<double>(scan::WorkSpace::bytesFor(grid, scan::makeReadPlan(grid)));
+}
+
 void count(benchmark::State& state, plain::ScanArguments const& a,
            void (*scan)(plain::ScanArguments const&, IPolygonAggregator&)) {
     CountingReceiver receiver;
@@ -125,7 +131,12 @@ class Group {
         // They are compared with each other, and differ by little.
         constexpr int kRepetitions = 9;
         addScan(
-            "wrap", step, [](auto& state, auto const& a) { count(state, a, wrap); }, kRepetitions);
+            "wrap", step,
+            [](auto& state, auto const& a) {
+                count(state, a, wrap);
+                tellWorkSpace(state, a);
+            },
+            kRepetitions);
         addScan(
             "info", step, [](auto& state, auto const& a) { info(state, a, stage().objects()); }, kRepetitions);
     }

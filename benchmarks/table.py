@@ -13,8 +13,8 @@ import re
 import sys
 from pathlib import Path
 
-from bench_run import (AXES, LARGEST, Run, bytes_apart, name_of_layout, name_of_volume, odd_layouts,
-                       times_contiguous)
+from bench_run import (AXES, LARGEST, Run, bytes_apart, name_of_layout, name_of_slices, name_of_volume,
+                       odd_layouts, times_contiguous)
 
 SIDES = (64, 256, 512)
 DENSE = "gyroid"
@@ -36,13 +36,6 @@ def milliseconds(microseconds):
 # What a user asks.
 
 
-def work_space(side):
-    """Bytes that a scan of a cube with x contiguous allocates; the test WorkSpace.HasTheSizeOfItsFormula holds it."""
-    slabs = max(8, 1024 // side // 8 * 8)
-    width = side + 8
-    return (slabs + 2) * width * width // 8 + 2 * width * width // 8 + 10 * width + 560
-
-
 def summary_rows(run):
     for pattern in ("brain", DENSE):
         for side in SIDES:
@@ -50,7 +43,7 @@ def summary_rows(run):
             if run.has("wrap", *key):
                 yield [f"{pattern}, {side}³", f"{run.counter('cells', 'wrap', *key) / 1000:,.0f} thousand",
                        *(milliseconds(run.time(what, *key)) for what in ("wrap", "info", "memory")),
-                       f"{work_space(side) / 1024:.0f} KiB"]
+                       f"{run.counter('workspace', 'wrap', *key) / 1024:.0f} KiB"]
 
 
 # Targets.
@@ -60,7 +53,7 @@ def judged(measured, is_met, unit=""):
     return f"{measured:.2f}{unit}" + ("" if is_met else ", **missed**")
 
 
-def cost_of_a_cell(run, axis):
+def cost_per_cell(run, axis):
     """Nanoseconds for each cut cell of the dense pattern, beyond what the ball, of the same size, takes."""
     dense = (DENSE, LARGEST, axis, 1)
     beyond = run.time("wrap", *dense) - run.time("wrap", "ball", LARGEST, axis, 1)
@@ -78,7 +71,7 @@ def target_rows(run):
 
     yield row("Scan, ball: memory passes", 5, ratio("wrap", "memory", "ball"))
     yield row("Scan, ball: times faster than the plain walk", 12, ratio("wrapPlain", "wrap", "ball"), False)
-    yield row("Scan, dense: beyond the ball, a cut cell", 5, lambda axis: cost_of_a_cell(run, axis), unit=" ns")
+    yield row("Scan, dense: beyond the ball, per cut cell", 5, lambda axis: cost_per_cell(run, axis), unit=" ns")
     yield row("Scan, dense: times faster than the plain walk", 5, ratio("wrapPlain", "wrap", DENSE), False)
     yield row("Count, ball: memory passes", 3, ratio("info", "memory", "ball"))
     yield row("Count, dense: times faster than the plain count", 10, ratio("infoPlain", "info", DENSE), False)
@@ -101,6 +94,9 @@ def worst_rows(run):
     yield row("Count, 64³ to 512³: times the scan", large, ratio("info", "wrap"), 1)
     yield row("Count, 2³ to 32³: times the scan", small, ratio("info", "wrap"), 1)
     yield row("Scan, 2³ to 64³: times faster than the plain walk", plain, ratio("wrapPlain", "wrap"), 1, False)
+    flat = [key for key in run.keys("wrapPlain") if key[2].endswith(("flat_1", "flat_2"))]
+    yield row("Scan, one or two slices: times faster than the plain walk", flat, ratio("wrapPlain", "wrap"), 1, False,
+              name_of=name_of_slices)
     yield row("Count, 2³ to 64³: times faster than the plain count", plain, ratio("infoPlain", "info"), 1, False)
     near = [key for key in odd_layouts(run) if bytes_apart(key) <= 3]
     far = [key for key in odd_layouts(run) if bytes_apart(key) > 3]
@@ -137,8 +133,8 @@ def collect_rows(run):
 def step_rows(run):
     for key in run.keys("collect"):
         if key[3] != "1":
-            yield [name_of_volume(key), f"{run.nanoseconds_a_sample('wrap', key):.2f}", run.times_faster("wrap", key),
-                   f"{run.nanoseconds_a_sample('info', key):.2f}", run.times_faster("info", key),
+            yield [name_of_volume(key), f"{run.nanoseconds_per_sample('wrap', key):.2f}", run.times_faster("wrap", key),
+                   f"{run.nanoseconds_per_sample('info', key):.2f}", run.times_faster("info", key),
                    f"{run.ratio('collect', 'wrap', *key):.1f}", run.times_faster("collect", key)]
 
 
@@ -149,7 +145,7 @@ def layout_rows(run):
         for what in ("wrap", "info"):
             # With a step, much of what a pass over memory sums are no samples.
             passes = f"{run.ratio(what, 'memory', *key):.1f}" if key[3] == "1" else "-"
-            row += [f"{run.nanoseconds_a_sample(what, key):.2f}", f"{times_contiguous(run, what, key):.1f}", passes]
+            row += [f"{run.nanoseconds_per_sample(what, key):.2f}", f"{times_contiguous(run, what, key):.1f}", passes]
         yield row
 
 
@@ -157,8 +153,7 @@ def small_rows(run):
     for key in run.keys("wrap"):
         is_cube = int(key[1]) <= 64 and key[2:] == ("x", "1")
         if (is_cube or "flat" in key[2]) and run.has("wrapPlain", *key):
-            size = f"{key[1]}³" if is_cube else f"{key[1]} x {key[1]} x {key[2][-1]}"
-            yield [f"{key[0]}, {size}", f"{run.time('wrap', *key):.2f}",
+            yield [f"{key[0]}, {key[1]}³" if is_cube else name_of_slices(key), f"{run.time('wrap', *key):.2f}",
                    f"{run.ratio('wrapPlain', 'wrap', *key):.2f}", f"{run.time('info', *key):.2f}",
                    f"{run.ratio('infoPlain', 'info', *key):.2f}"]
 
@@ -190,18 +185,18 @@ def tables_of(run):
         Table("Collecting cells", "With a receiver that keeps each cell's object and position.",
               (volume, "Times the scan", "Times faster than plain"), collect_rows(run)),
         Table("Steps", "With a step of k, every k-th voxel along each axis is a sample.",
-              (volume + ", step", "Scan, ns a sample", "than plain", "Count, ns a sample", "than plain",
+              (volume + ", step", "Scan, ns per sample", "than plain", "Count, ns per sample", "than plain",
                "Collecting, times the scan", "than plain"), step_rows(run)),
         Table("Other layouts", "The ball. x by 3: samples 3 bytes apart; gaps: 27 unused bytes after each row; back: "
               "falling addresses; y z x: the axes from the fastest; thin 8: 8 voxels along the densest axis.",
-              ("Densest axis", "Scan, ns a sample", "times contiguous", "memory passes", "Count, ns a sample",
+              ("Densest axis", "Scan, ns per sample", "times contiguous", "memory passes", "Count, ns per sample",
                "times contiguous", "memory passes"), layout_rows(run)),
         Table("Small volumes", "x contiguous.", ("Volume", "Scan, µs", "Times faster than plain", "Count, µs",
                                                  "Times faster than plain"), small_rows(run)),
         Table("Lists", "Time to build the list of a system.", ("System", "ms"),
               ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list"))),
         Table("A display list", "Of the brain, 256³, in Mesa without a graphics card.",
-              ("What", "ms", "ns a polygon", "Share"), display_rows(run)),
+              ("What", "ms", "ns per polygon", "Share"), display_rows(run)),
     ]
 
 

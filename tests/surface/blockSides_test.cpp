@@ -149,7 +149,7 @@ TEST_P(BlockSides, ThinVolumes) {
     checkSamples({300, 1, 1}, layout(true));
 }
 
-// Where volumes are small enough to be kept as a whole, and where they are not any more.
+// Around the largest volumes that are kept as a whole.
 TEST_P(BlockSides, SmallVolumesAroundTheirLimits) {
     for (Triple const& samples : {Triple{13, 18, 15},
                                   {18, 13, 15},

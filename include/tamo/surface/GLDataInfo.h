@@ -7,7 +7,7 @@
 
 #include <cstddef>
 
-/// Tells what a scan covers and how much surface it would produce. Never throws.
+/// Describes what a scan covers and how much surface it would produce. Never throws.
 class TAMO_EXPORT GLDataInfo {
   public:
     /// Makes a record of zeros.
