@@ -55,7 +55,8 @@ template <typename Receiver> void CutColumns<Receiver>::handColumns(CutTiles cut
         _receiver.takeCell(static_cast<unsigned char>(configuration),
                            static_cast<std::int64_t>(cut.firstCell[tile] + plane) - 1);
     };
-    // Fewer than this are not worth the turning below.
+    // Fewer than this are not worth the turning below. Tuned on 128 voxels a side: always turning takes a tenth longer
+    // for a ball, never turning a fifth longer for a gyroid.
     constexpr std::size_t kWorthTurning = 6;
     if (cut.count < kWorthTurning) {
         for (unsigned int lane = 0; lane < kTileSide; ++lane) {

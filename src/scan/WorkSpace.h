@@ -55,8 +55,7 @@ class WorkSpace {
     CutTiles _cut{};
     bool _isTaken = false;
     std::unique_ptr<BitTile[]> _large;
-    /// For small grids, a page of stack: to clear what they need of it costs less than an allocation. Cleared as far as
-    /// it is used.
+    /// For small grids: a page of stack instead of an allocation. Cleared as far as it is used.
     std::array<BitTile, 512> _small;
 };
 

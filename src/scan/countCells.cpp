@@ -39,26 +39,17 @@ class TileCounter {
             BitTile const* const configurations = cut.configurations + kTileSide * i;
             for (BitTile cells = transposedTile(cut.cells[i]); cells != 0; cells &= cells - 1) {
                 auto const place = static_cast<unsigned int>(__builtin_ctzll(cells));
-                ++_counters[place % kCounters][laneOf(configurations[place / kTileSide], place % kTileSide)];
+                ++_histogram[laneOf(configurations[place / kTileSide], place % kTileSide)];
             }
         }
     }
 
     [[nodiscard]] std::uint64_t foreground() const { return _foreground; }
 
-    void addTo(Histogram& histogram) const {
-        for (Histogram const& counter : _counters) {
-            for (std::size_t c = 0; c < counter.size(); ++c) {
-                histogram[c] += counter[c];
-            }
-        }
-    }
+    [[nodiscard]] Histogram const& histogram() const { return _histogram; }
 
   private:
-    // Neighbouring cells are often alike: counters of their own keep an increment from waiting for the one before it.
-    static constexpr std::size_t kCounters = 4;
-
-    std::array<Histogram, kCounters> _counters{};
+    Histogram _histogram{};
     std::uint64_t _foreground = 0;
     CountedCells _wanted;
 };
@@ -86,11 +77,10 @@ Histogram countCells(SampleGrid const& grid, CountedCells wanted) {
         return countWithout(PlainScan(grid), grid, wanted);
     }
     TileCounter tiles(wanted);
-    CellCounter counter;
     CellScan scan(ordered, plan, space);
     scan.forEachBlock(tiles);
+    CellCounter counter{tiles.histogram()};
     scan.handCornersTo(counter);
-    tiles.addTo(counter.histogram);
     if (wanted == CountedCells::kAll) {
         addUncutCells(ordered.count, tiles.foreground(), counter.histogram);
     }
