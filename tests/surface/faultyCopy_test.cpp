@@ -13,7 +13,8 @@
 
 using namespace tamo::test;
 
-// Takes the place of the library's own: a copy that has lost a slot. The scan guards against such a copy.
+// Takes the place of the library's own: a copy that has lost a slot. The scan guards against such a copy. As in
+// the library, the base's copy constructor would share the objects. NOLINTNEXTLINE(bugprone-copy-constructor-init)
 GLObjectList::GLObjectList(GLObjectList const& other, float /*scale*/)
     : Vb::PointerContainer<std::vector<GLObject*>>(0) {
     for (unsigned int i = 1; i < other.size(); ++i) {
