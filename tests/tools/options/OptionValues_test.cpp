@@ -59,10 +59,28 @@ TEST_F(BadValue, StepsBoxesAndRangesOfNoVolume) {
     expectRefused({"--min", "5", "--max", "4"}, "--min");
 }
 
+TEST_F(BadValue, StepsThatFitNoBox) {
+    expectRefused({"--step", "3", "--box", "0,0,0,7,6,1"}, "--step 3: expected at most 2");
+    expectRefused({"--box", "0,0,0,69999,69999,1"}, "--box");
+}
+
+TEST_F(BadValue, StepsAndBoxesThatDoNotFitBareVoxels) {
+    auto const expectBareRefused = [this](std::string const& dims, std::vector<std::string> options,
+                                          std::string const& named) {
+        options.insert(options.end(), {"--type", "uint8", "--dims", dims});
+        expectRefused(options, named);
+    };
+    expectBareRefused("4,4,4", {"--box", "0,0,0,9,9,9"}, "--box 0,0,0,9,9,9: expected");
+    expectBareRefused("4,4,4", {"--step", "5"}, "--step 5: expected at most 4");
+    expectBareRefused("70000,70000,2", {}, "--dims 70000,70000,2: expected");
+}
+
 TEST_F(BadValue, LayoutsOfNoBareVoxels) {
     expectRefused({"--dims", "2,3,4", "--type", "int12"}, "--type");
     expectRefused({"--dims", "2,3,4"}, "--type");
-    expectRefused({"--dims", "2,0,4", "--type", "uint8"}, "--dims");
+    for (char const* const flat : {"2,0,4", "1,8,8", "8,8,1"}) {
+        expectRefused({"--dims", flat, "--type", "uint8"}, std::string("--dims ") + flat + ": expected");
+    }
     expectRefused({"--type", "uint8"}, "--dims");
     expectRefused({"--big-endian"}, "--dims");
     expectRefused({"--dims", "2,3,4", "--type", "uint8", "--header", "-1"}, "--header");

@@ -22,7 +22,6 @@
 
 #include <tamo/surface/TAMO.h>
 
-#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <iostream>
@@ -50,38 +49,10 @@ struct RenderOptions {
     RangeOptions::Limits limits;
     // At least one; each has a panel of the picture.
     std::vector<NamedSystem> systems;
-    int step = 1;
-    std::optional<Box> box;
+    ScanRegion region;
     picture::PictureSize size{};
     picture::View view{};
 };
-
-std::string text(Size3 const& v, char const* separator) {
-    return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
-}
-
-// Returns the box to scan, checked against the volume and the step.
-Box chooseBox(RenderOptions const& options, Size3 const& size) {
-    Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (box.last[axis] >= size[axis]) {
-            throw UserError("--box " + text(box.first, ",") + "," + text(box.last, ",") +
-                            ": expected voxels inside the volume of " + text(size, " x "));
-        }
-    }
-    Size3 const sides = box.sides();
-    int const smallest = *std::min_element(sides.begin(), sides.end());
-    if (options.step > smallest) {
-        throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(smallest) +
-                        ", the smallest side of the box");
-    }
-    // The scan takes the address distance of two slices as an int.
-    if (std::int64_t{sides[0]} * sides[1] > std::numeric_limits<int>::max()) {
-        throw UserError(options.source.path.string() + ": expected slices of less than 2^31 voxels, found " +
-                        std::to_string(sides[0]) + " x " + std::to_string(sides[1]) + "; give a smaller --box");
-    }
-    return box;
-}
 
 std::string rangeText(ValueRange range) {
     return std::isinf(range.max) ? "from " + numberText(range.min)
@@ -121,7 +92,7 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
         Progress progress("threshold");
         return makeBinaryVolume(volume, range, box, progress);
     }();
-    Scan scan{std::move(binary), static_cast<unsigned int>(options.step)};
+    Scan scan{std::move(binary), static_cast<unsigned int>(options.region.step)};
     if (scan.binary.foreground == 0) {
         throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
                         " (--min, --max), found none");
@@ -138,9 +109,10 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(), objects,
                   info);
     if (info.primitives() == 0) {
-        throw UserError("--step " + std::to_string(options.step) + ": expected a step that meets the foreground");
+        throw UserError("--step " + std::to_string(options.region.step) +
+                        ": expected a step that meets the foreground");
     }
-    std::cout << "surface     " << system.name << ", step " << options.step << ": " << info.primitives()
+    std::cout << "surface     " << system.name << ", step " << options.region.step << ": " << info.primitives()
               << " primitives, " << info.triangles() << " triangles, " << info.vertices() << " vertices\n";
     return info;
 }
@@ -230,11 +202,17 @@ RenderCommand::RenderCommand(CLI::App& program)
 }
 
 void RenderCommand::run() const {
-    RenderOptions const options{_volume.read(),   _output.read(),  _range.read(),       _adjacency.read(),
-                                _scan.readStep(), _scan.readBox(), _picture.readSize(), _picture.readView()};
+    RenderOptions const options{_volume.read(), _output.read(),      _range.read(),      _adjacency.read(),
+                                _scan.read(),   _picture.readSize(), _picture.readView()};
     if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
         throw UsageError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
                          ": expected a pixel of width or more for each --adjacency");
+    }
+    if (options.source.raw) {
+        Size3 const& size = options.source.raw->size;
+        if (auto const fault = options.region.faultIn(size, "--dims " + text(size, ","))) {
+            throw UsageError(*fault);
+        }
     }
     int const samples = picture::chooseSamples(options.size);
     StageTimer timer;
@@ -249,7 +227,10 @@ void RenderCommand::run() const {
         }
     });
     Volume volume = timer.run("read", [&] { return readSource(options); });
-    Box const box = chooseBox(options, volume.size);
+    if (auto const fault = options.region.faultIn(volume.size, options.source.path.string())) {
+        throw UserError(*fault);
+    }
+    Box const box = options.region.boxIn(volume.size);
     Scan const scan = timer.run("threshold", [&] { return threshold(options, volume, box); });
     // Size, spacing and axes are still needed, the voxels are not.
     volume.image = nullptr;

@@ -13,7 +13,13 @@ ScanOptions::ScanOptions(CLI::App& command) {
         ->type_name("X0,Y0,Z0,X1,Y1,Z1");
 }
 
-int ScanOptions::readStep() const { return parseWhole("--step", _step, 1); }
+ScanRegion ScanOptions::read() const {
+    ScanRegion const region{parseWhole("--step", _step, 1), readBox()};
+    if (auto const fault = region.faultAnywhere()) {
+        throw UsageError(*fault);
+    }
+    return region;
+}
 
 std::optional<Box> ScanOptions::readBox() const {
     if (_box.empty()) {

@@ -21,7 +21,8 @@ template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
 
 VolumeOptions::VolumeOptions(CLI::App& command) {
     command.add_option("volume", _volume, "File or folder of the volume")->required()->type_name("VOLUME");
-    command.add_option("--dims", _dims, "Bare voxels: their number along x, y and z, x fastest")->type_name("X,Y,Z");
+    command.add_option("--dims", _dims, "Bare voxels: their number along x, y and z, each at least 2, x fastest")
+        ->type_name("X,Y,Z");
     command
         .add_option("--type", _type,
                     "Bare voxels: uint8, int8, uint16, int16, uint32, int32, uint64, int64, float32 or float64")
@@ -37,7 +38,7 @@ RawLayout VolumeOptions::readLayout() const {
                          ": expected with bare voxels, together with " + (_dims.empty() ? "--type" : "--dims"));
     }
     RawLayout layout;
-    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 1, "three whole numbers of at least 1: X,Y,Z"));
+    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 2, "three whole numbers of at least 2: X,Y,Z"));
     auto const type = std::find_if(kScalarTypes.begin(), kScalarTypes.end(),
                                    [this](ScalarType const& candidate) { return candidate.name == _type; });
     if (type == kScalarTypes.end()) {
