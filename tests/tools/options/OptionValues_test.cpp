@@ -32,6 +32,14 @@ TEST_F(BadValue, ValuesThatAreNotWhatAnOptionTakes) {
     expectRefused({"--step", "99999999999999999999"}, "--step");
 }
 
+TEST_F(BadValue, NumbersTooLargeWithTheLargestThatIsTaken) {
+    expectRefused({"--step", "99999999999"}, "--step 99999999999: expected a whole number from 1 to 2147483647");
+    expectRefused({"--box", "0,0,0,2147483647,1,1"}, "from 0 to 2147483646");
+    expectRefused({"--size", "99999999999x1"}, "from 1 to 16384");
+    expectRefused({"--dims", "2,99999999999,2", "--type", "uint8"}, "from 2 to 2147483647");
+    expectRefused({"--dims", "2,3,4", "--type", "uint8", "--header", "9223372036854775808"}, "to 9223372036854775807");
+}
+
 TEST_F(BadValue, OptionsWithoutAValueOrGivenTwice) {
     for (char const* const option : {"--min", "--max", "--step", "--box", "--size", "--view", "--spacing", "--dims",
                                      "--type", "--header", "--adjacency"}) {

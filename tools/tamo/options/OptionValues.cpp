@@ -55,10 +55,10 @@ double parseNumber(std::string const& option, std::string const& text) {
     return value;
 }
 
-int parseWhole(std::string const& option, std::string const& text, int least) {
-    int value = 0;
-    if (!read(text, value) || value < least) {
-        fail(option, text, "a whole number of at least " + std::to_string(least));
+std::int64_t parseWhole(std::string const& option, std::string const& text, std::int64_t least, std::int64_t most) {
+    std::int64_t value = 0;
+    if (!read(text, value) || value < least || value > most) {
+        fail(option, text, "a whole number from " + std::to_string(least) + " to " + std::to_string(most));
     }
     return value;
 }
@@ -70,8 +70,9 @@ std::vector<double> parseNumbers(std::string const& option, std::string const& t
 }
 
 std::vector<int> parseWholes(std::string const& option, std::string const& text, char separator, std::size_t count,
-                             int least, std::string const& expected) {
-    return readList<int>(option, text, separator, count, expected, [least](int value) { return value >= least; });
+                             int least, int most, std::string const& expected) {
+    return readList<int>(option, text, separator, count, expected,
+                         [least, most](int value) { return value >= least && value <= most; });
 }
 
 } // namespace tamo::tool

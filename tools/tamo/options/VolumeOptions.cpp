@@ -7,6 +7,8 @@
 #include "OptionValues.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace tamo::tool {
@@ -38,7 +40,8 @@ RawLayout VolumeOptions::readLayout() const {
                          ": expected with bare voxels, together with " + (_dims.empty() ? "--type" : "--dims"));
     }
     RawLayout layout;
-    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 2, "three whole numbers of at least 2: X,Y,Z"));
+    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 2, kMostVoxels,
+                                     "three whole numbers from 2 to " + std::to_string(kMostVoxels) + ": X,Y,Z"));
     auto const type = std::find_if(kScalarTypes.begin(), kScalarTypes.end(),
                                    [this](ScalarType const& candidate) { return candidate.name == _type; });
     if (type == kScalarTypes.end()) {
@@ -47,7 +50,10 @@ RawLayout VolumeOptions::readLayout() const {
     }
     layout.vtkType = type->vtkType;
     layout.isBigEndian = _isBigEndian;
-    layout.headerBytes = _header.empty() ? 0 : static_cast<std::uint64_t>(parseWhole("--header", _header, 0));
+    // Files have signed 64-bit sizes.
+    constexpr std::int64_t kMostBytes = std::numeric_limits<std::int64_t>::max();
+    layout.headerBytes =
+        _header.empty() ? 0 : static_cast<std::uint64_t>(parseWhole("--header", _header, 0, kMostBytes));
     return layout;
 }
 
