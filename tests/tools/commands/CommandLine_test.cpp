@@ -37,6 +37,14 @@ TEST(CommandLine, WithoutAnOptionsValueOrWithTwoPointsToTheHelpOfTheCommand) {
     }
 }
 
+TEST(CommandLine, DoesNotTakeTheNextWordForAValueLeftEmpty) {
+    for (char const* const option : {"--adjacency=", "--size=", "--big-endian=", "--colour="}) {
+        ToolRun const run = runTool({"render", "a.nii", "-o", "a.png", option, "26"});
+        EXPECT_TRUE(isUsageRefusal(run, std::string(option) + ": expected a value")) << run.error;
+    }
+    EXPECT_TRUE(isInputRefusal(runTool({"render", "a.nii", "-o", "a.png", "--size=40x40"}), "a.nii"));
+}
+
 TEST(Help, IsPrintedOnStandardOutput) {
     for (std::vector<std::string> const& arguments :
          {std::vector<std::string>{"--help"}, {"info", "--help"}, {"render", "--help"}, {"atlas", "--help"}}) {

@@ -31,6 +31,18 @@ void refuseEmptyValues(CLI::App& app) {
     }
 }
 
+// Refuses `--option=` with nothing behind it, for which the parser would take the next word.
+void refuseEmptyAssignments(int argumentCount, char const* const* arguments) {
+    for (int i = 1; i < argumentCount; ++i) {
+        std::string const word = arguments[i];
+        bool const isAssignment = word.size() > 3 && word.compare(0, 2, "--") == 0 &&
+                                  word.find_first_not_of("abcdefghijklmnopqrstuvwxyz-") == word.size() - 1;
+        if (isAssignment && word.back() == '=') {
+            throw UsageError(word + ": expected a value right behind it, found none; see tamo --help");
+        }
+    }
+}
+
 // Says in one line what is wrong with the arguments.
 std::string messageOf(CLI::ParseError const& error) {
     std::string const text = error.what();
@@ -73,6 +85,7 @@ void runCommandLine(int argumentCount, char const* const* arguments) {
     RenderCommand const render(app);
     AtlasCommand const atlas(app);
     refuseEmptyValues(app);
+    refuseEmptyAssignments(argumentCount, arguments);
     if (!parse(app, argumentCount, arguments)) {
         return;
     }
