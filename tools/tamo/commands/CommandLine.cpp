@@ -12,6 +12,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace tamo::tool {
 
@@ -66,10 +67,14 @@ bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
         app.exit(asked);
         return false;
     } catch (CLI::ParseError const& error) {
+        std::vector<std::string> const unknown = app.remaining(/*recurse=*/true);
         if (app.get_subcommands().empty()) {
-            throw UsageError("expected a command, info, render or atlas; " + helpOf(app));
+            throw UsageError((unknown.empty() ? "" : unknown.front() + ": ") +
+                             "expected a command, info, render or atlas; " + helpOf(app));
         }
-        throw UsageError(messageOf(error) + "; " + helpOf(app));
+        // What else is missing may be no more than misspelt.
+        throw UsageError((unknown.empty() ? messageOf(error) : "expected no " + CLI::detail::join(unknown, " ")) +
+                         "; " + helpOf(app));
     }
     return true;
 }
