@@ -51,6 +51,15 @@ TEST(ScanWithoutMemory, IsOneLineThatNamesTheStep) {
     EXPECT_TRUE(isInputRefusal(run, "--step 2: expected")) << run.status << " " << run.error;
     EXPECT_TRUE(fs::is_empty(folder / "out"));
 }
+
+TEST(CommandWithoutMemory, SaysWhatOfItsOwnTakesLess) {
+    TemporaryFolder const folder;
+    PreloadedLibrary const library(TAMO_NO_MEMORY);
+    EXPECT_TRUE(isInputRefusal(render(folder, {}), "memory for this volume; a larger --step"));
+    ToolRun const run = runTool({"atlas", "-o", (folder / "out" / "a.png").string()});
+    EXPECT_TRUE(isInputRefusal(run, "memory for this sheet; a smaller --size")) << run.status << " " << run.error;
+    EXPECT_TRUE(fs::is_empty(folder / "out"));
+}
 #endif
 
 TEST(EarlyInterruption, RemovesAPictureThatHasOnlyJustBeenMade) {

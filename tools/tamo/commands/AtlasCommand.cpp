@@ -85,4 +85,8 @@ void AtlasCommand::run() const {
     std::cout << "picture     " << output.string() << ", " << size.width << " x " << size.height << "\n";
 }
 
+std::string AtlasCommand::memoryMessage() const {
+    return "not enough memory for this sheet; a smaller --size or fewer --configurations make a smaller one";
+}
+
 } // namespace tamo::tool

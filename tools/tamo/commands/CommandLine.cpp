@@ -4,6 +4,7 @@
 
 #include "../options/VolumeOptions.h"
 #include "../terminal/UsageError.h"
+#include "../terminal/UserError.h"
 #include "AtlasCommand.h"
 #include "InfoCommand.h"
 #include "RenderCommand.h"
@@ -11,6 +12,7 @@
 #include <CLI/CLI.hpp>
 
 #include <array>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -79,6 +81,14 @@ bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
     return true;
 }
 
+void runCommand(Command const& command) {
+    try {
+        command.run();
+    } catch (std::bad_alloc const&) {
+        throw UserError(command.memoryMessage());
+    }
+}
+
 } // namespace
 
 void runCommandLine(int argumentCount, char const* const* arguments) {
@@ -96,7 +106,7 @@ void runCommandLine(int argumentCount, char const* const* arguments) {
     }
     for (Command const* const command : std::array<Command const*, 3>{&info, &render, &atlas}) {
         if (command->isAsked()) {
-            command->run();
+            runCommand(*command);
         }
     }
 }

@@ -254,4 +254,8 @@ void RenderCommand::run() const {
     }
 }
 
+std::string RenderCommand::memoryMessage() const {
+    return "not enough memory for this volume; a larger --step makes a smaller surface";
+}
+
 } // namespace tamo::tool
