@@ -60,6 +60,13 @@ TEST_F(RenderCommand, TakesABoxWithItsFirstAndItsLastVoxel) {
     EXPECT_NE(run.output.find("foreground  1 voxels"), std::string::npos) << run.output << run.error;
 }
 
+TEST_F(RenderCommand, SaysWhichValuesABoundAloneAsksFor) {
+    ToolRun const below = render("a.nii", {"--max", "2000", "--size", "20x20"});
+    EXPECT_NE(below.output.find("values      up to 2000 of "), std::string::npos) << below.output << below.error;
+    ToolRun const above = render("a.nii", {"--min", "2000", "--size", "20x20"});
+    EXPECT_NE(above.output.find("values      from 2000 of "), std::string::npos) << above.output << above.error;
+}
+
 TEST_F(RenderCommand, RefusesRangesWithoutVoxels) {
     expectRefused({"--min", "4001"}, "a.nii");
     expectRefused({"--max", "-1"}, "--max");

@@ -55,6 +55,9 @@ struct RenderOptions {
 };
 
 std::string rangeText(ValueRange range) {
+    if (std::isinf(range.min)) {
+        return "up to " + numberText(range.max);
+    }
     return std::isinf(range.max) ? "from " + numberText(range.min)
                                  : numberText(range.min) + " .. " + numberText(range.max);
 }
@@ -68,9 +71,10 @@ ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
                         ": expected two different values to choose --min between, found " + numberText(found.min) +
                         " alone");
     }
-    // An upper bound alone asks for everything below it.
-    double const min = options.limits.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : found.min);
-    ValueRange const range{min, options.limits.max.value_or(std::numeric_limits<double>::infinity())};
+    // A bound alone asks for everything on its side.
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    double const min = options.limits.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : -kInfinity);
+    ValueRange const range{min, options.limits.max.value_or(kInfinity)};
     std::cout << "values      " << rangeText(range) << " of " << numberText(found.min) << " .. "
               << numberText(found.max) << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
     return range;
@@ -206,7 +210,7 @@ void RenderCommand::run() const {
                                 _scan.read(),   _picture.readSize(), _picture.readView()};
     if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
         throw UsageError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
-                         ": expected a pixel of width or more for each --adjacency");
+                         ": expected at least one pixel of width per adjacency system");
     }
     if (options.source.raw) {
         Size3 const& size = options.source.raw->size;
