@@ -62,6 +62,15 @@ TEST(CommandWithoutMemory, SaysWhatOfItsOwnTakesLess) {
 }
 #endif
 
+TEST(MissingOpenGL, ShowsBeforeTheVolumeIsRead) {
+    TemporaryFolder const folder;
+    PreloadedLibrary const library(TAMO_MISSING_OPENGL);
+    ToolRun const run = render(folder, {});
+    EXPECT_TRUE(isInputRefusal(run, "offscreen OpenGL: expected a display")) << run.status << " " << run.error;
+    EXPECT_EQ(run.output, "");
+    EXPECT_TRUE(fs::is_empty(folder / "out"));
+}
+
 TEST(EarlyInterruption, RemovesAPictureThatHasOnlyJustBeenMade) {
     TemporaryFolder const folder;
     PreloadedLibrary const library(TAMO_INTERRUPTED_MKSTEMP);

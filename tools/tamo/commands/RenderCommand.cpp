@@ -222,12 +222,13 @@ void RenderCommand::run() const {
     StageTimer timer;
     PictureFile file(options.output);
 
-    // The lists come first: a system that cannot be built should not wait for the volume.
+    // A machine without OpenGL should not show only once the volume is read.
+    picture::OffscreenContext const context(options.size.width * samples, options.size.height * samples);
     std::size_t const systems = options.systems.size();
     std::vector<GLObjectList> objects(systems);
     timer.run("object list", [&] {
         for (std::size_t i = 0; i < systems; ++i) {
-            makeObjects(options.systems[i], objects[i]);
+            GLObjectListForNeighborhood(options.systems[i].config, objects[i]);
         }
     });
     Volume volume = timer.run("read", [&] { return readSource(options); });
@@ -245,7 +246,6 @@ void RenderCommand::run() const {
         }
     });
 
-    picture::OffscreenContext const context(options.size.width * samples, options.size.height * samples);
     PanelPainter painter(options, scan, volume, samples);
     for (std::size_t i = 0; i < systems; ++i) {
         painter.draw(i, objects[i], infos[i], timer);

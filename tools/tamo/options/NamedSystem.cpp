@@ -2,11 +2,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "NamedSystem.h"
 
-#include "../terminal/UserError.h"
-
-#include <tamo/TamoException.h>
-#include <tamo/surface/TAMO.h>
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -35,14 +30,6 @@ std::optional<NamedSystem> findSystem(std::string const& name) {
         std::find_if(kSystems.begin(), kSystems.end(),
                      [spelt = spelling(name)](NamedSystem const& candidate) { return candidate.name == spelt; });
     return system == kSystems.end() ? std::nullopt : std::optional(*system);
-}
-
-void makeObjects(NamedSystem const& system, GLObjectList& objects) {
-    try {
-        GLObjectListForNeighborhood(system.config, objects);
-    } catch (TamoException const& error) {
-        throw UserError("--adjacency " + system.name + ": " + error.what());
-    }
 }
 
 } // namespace tamo::tool

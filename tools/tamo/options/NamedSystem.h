@@ -3,7 +3,6 @@
 #pragma once
 
 #include <tamo/neighborhood/Neighborhood.h>
-#include <tamo/objects/GLObjectList.h>
 
 #include <optional>
 #include <string>
@@ -18,8 +17,5 @@ struct NamedSystem {
 
 /// Returns the system of a name in either case, or of the aliases 6 and 26; nothing where there is none.
 std::optional<NamedSystem> findSystem(std::string const& name);
-
-/// Fills `objects` with the polygons of the system. Throws `UserError` where the library refuses it.
-void makeObjects(NamedSystem const& system, GLObjectList& objects);
 
 } // namespace tamo::tool
