@@ -54,6 +54,7 @@ TEST_F(BadValue, SizesOfNoPicture) {
     for (char const* const size : {"0x10", "10x0", "10", "10x", "10x10x10", "16385x10", "-5x5"}) {
         expectRefused({"--size", size}, "--size");
     }
+    expectRefused({"--size", "1x5", "--adjacency", "N6,N8"}, "at least one pixel of width per adjacency system");
     expectRefused({"--view", "0,91"}, "--view");
     expectRefused({"--spacing", "1,0,1"}, "--spacing");
 }

@@ -9,13 +9,16 @@
 
 namespace tamo::tool {
 
-/// Is an adjacency system and the name that pictures and figures show.
+/// An adjacency system and the name that pictures and figures show.
 struct NamedSystem {
     std::string name;
     Neighborhood::NHConfig config;
 };
 
-/// Returns the system of a name in either case, or of the aliases 6 and 26; nothing where there is none.
+/// Returns the names of all systems, and the aliases beside them, as a sentence lists them.
+std::string systemNames();
+
+/// Returns the system of a name in either case, or of an alias; nothing where there is none.
 std::optional<NamedSystem> findSystem(std::string const& name);
 
 } // namespace tamo::tool

@@ -47,6 +47,14 @@ std::vector<T> readList(std::string const& option, std::string const& text, char
 
 } // namespace
 
+std::string alternatives(std::vector<std::string> const& words) {
+    std::string list = words.front();
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        list += (i + 1 == words.size() ? " or " : ", ") + words[i];
+    }
+    return list;
+}
+
 double parseNumber(std::string const& option, std::string const& text) {
     double value = 0;
     if (!read(text, value) || !std::isfinite(value)) {

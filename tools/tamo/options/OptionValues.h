@@ -12,6 +12,9 @@ namespace tamo::tool {
 /// The largest number of voxels along an axis.
 inline constexpr int kMostVoxels = std::numeric_limits<int>::max();
 
+/// Returns words as a sentence lists them: "a, b or c". There is at least one.
+std::string alternatives(std::vector<std::string> const& words);
+
 // Readers of option values. All of them take the whole text and throw `UsageError` naming `option` and what was
 // expected.
 
