@@ -8,7 +8,7 @@
 
 namespace tamo::tool {
 
-/// Is a subcommand of the program. It states its options when it is made; once the command line is parsed, `run` reads
+/// A subcommand of the program. It states its options when it is made; once the command line is parsed, `run` reads
 /// and follows them.
 class Command {
   public:

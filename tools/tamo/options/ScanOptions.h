@@ -11,7 +11,7 @@
 
 namespace tamo::tool {
 
-/// Are the options that say which voxels of a volume are used.
+/// The options that say which voxels of a volume are used.
 class ScanOptions {
   public:
     explicit ScanOptions(CLI::App& command);
