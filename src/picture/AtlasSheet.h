@@ -23,7 +23,7 @@ namespace tamo::picture {
 /// the configuration's number, decimal and hexadecimal, below it the system.
 class AtlasSheet {
   public:
-    /// Is what one tile shows: a configuration and the polygons, not owned, that a system gives it.
+    /// What one tile shows: a configuration and the polygons, not owned, that a system gives it.
     struct Tile {
         std::string system;
         unsigned int configuration;

@@ -10,7 +10,7 @@
 
 namespace tamo::picture {
 
-/// Is a part of a picture, as high as the picture.
+/// A part of a picture, as high as the picture.
 struct Panel {
     int left;
     PictureSize size;

@@ -7,7 +7,7 @@ namespace tamo::picture {
 /// What Mesa's software rasteriser can draw, and every hardware of the last ten years.
 inline constexpr int kMaxPictureSide = 16384;
 
-/// Is a number of pixels across and up; each is at least 1.
+/// Numbers of pixels across and up, each at least 1.
 struct PictureSize {
     int width;
     int height;

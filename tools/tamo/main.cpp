@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <new>
 #include <string>
 
 namespace {
@@ -30,8 +29,6 @@ int main(int argumentCount, char** arguments) {
         tamo::tool::runCommandLine(argumentCount, arguments);
     } catch (tamo::tool::UsageError const& error) {
         return fail(error.what(), kUsageStatus);
-    } catch (std::bad_alloc const&) {
-        return fail("not enough memory for this volume; a larger --step makes a smaller surface");
     } catch (std::exception const& error) {
         return fail(error.what());
     }

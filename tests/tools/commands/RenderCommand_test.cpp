@@ -46,10 +46,7 @@ class RenderCommand : public testing::Test {
     TemporaryFolder _folder;
 };
 
-TEST_F(RenderCommand, RefusesStepsThatFitNoBox) {
-    expectRefused({"--step", "7"}, "--step");
-    expectRefused({"--step", "3", "--box", "0,0,0,7,6,1"}, "--step");
-}
+TEST_F(RenderCommand, RefusesStepsThatFitNoBox) { expectRefused({"--step", "7"}, "--step"); }
 
 TEST_F(RenderCommand, RefusesBoxesThatDoNotLieInTheVolume) {
     for (char const* const box : {"0,0,0,8,6,5", "0,0,0,7,7,5", "0,0,0,7,6,6"}) {
@@ -61,6 +58,13 @@ TEST_F(RenderCommand, TakesABoxWithItsFirstAndItsLastVoxel) {
     EXPECT_EQ(render("a.nii", {"--box", "0,0,0,7,6,5", "--size", "20x20"}).status, 0);
     ToolRun const run = render("a.nii", {"--box", "2,3,4,2,3,4", "--min", "0", "--size", "20x20"});
     EXPECT_NE(run.output.find("foreground  1 voxels"), std::string::npos) << run.output << run.error;
+}
+
+TEST_F(RenderCommand, SaysWhichValuesABoundAloneAsksFor) {
+    ToolRun const below = render("a.nii", {"--max", "2000", "--size", "20x20"});
+    EXPECT_NE(below.output.find("values      up to 2000 of "), std::string::npos) << below.output << below.error;
+    ToolRun const above = render("a.nii", {"--min", "2000", "--size", "20x20"});
+    EXPECT_NE(above.output.find("values      from 2000 of "), std::string::npos) << above.output << above.error;
 }
 
 TEST_F(RenderCommand, RefusesRangesWithoutVoxels) {

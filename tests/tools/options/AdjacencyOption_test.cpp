@@ -50,4 +50,11 @@ TEST_F(AdjacencyOption, RefusesOtherNamesWithWhatItFoundAndExpected) {
     }
 }
 
+TEST_F(AdjacencyOption, ListsItsNamesInTheHelp) {
+    std::string const help = runTool({"atlas", "--help"}).output;
+    for (std::string const name : {"in any case", "N6 (or 6),", "N8,", "N12,", "N14I,", "N14II or", "N26 (or 26);"}) {
+        EXPECT_NE(help.find(name), std::string::npos) << name << help;
+    }
+}
+
 } // namespace

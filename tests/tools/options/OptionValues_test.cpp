@@ -32,6 +32,14 @@ TEST_F(BadValue, ValuesThatAreNotWhatAnOptionTakes) {
     expectRefused({"--step", "99999999999999999999"}, "--step");
 }
 
+TEST_F(BadValue, NumbersTooLargeWithTheLargestThatIsTaken) {
+    expectRefused({"--step", "99999999999"}, "--step 99999999999: expected a whole number from 1 to 2147483647");
+    expectRefused({"--box", "0,0,0,2147483647,1,1"}, "from 0 to 2147483646");
+    expectRefused({"--size", "99999999999x1"}, "from 1 to 16384");
+    expectRefused({"--dims", "2,99999999999,2", "--type", "uint8"}, "from 2 to 2147483647");
+    expectRefused({"--dims", "2,3,4", "--type", "uint8", "--header", "9223372036854775808"}, "to 9223372036854775807");
+}
+
 TEST_F(BadValue, OptionsWithoutAValueOrGivenTwice) {
     for (char const* const option : {"--min", "--max", "--step", "--box", "--size", "--view", "--spacing", "--dims",
                                      "--type", "--header", "--adjacency"}) {
@@ -46,6 +54,7 @@ TEST_F(BadValue, SizesOfNoPicture) {
     for (char const* const size : {"0x10", "10x0", "10", "10x", "10x10x10", "16385x10", "-5x5"}) {
         expectRefused({"--size", size}, "--size");
     }
+    expectRefused({"--size", "1x5", "--adjacency", "N6,N8"}, "at least one pixel of width per adjacency system");
     expectRefused({"--view", "0,91"}, "--view");
     expectRefused({"--spacing", "1,0,1"}, "--spacing");
 }
@@ -59,10 +68,28 @@ TEST_F(BadValue, StepsBoxesAndRangesOfNoVolume) {
     expectRefused({"--min", "5", "--max", "4"}, "--min");
 }
 
+TEST_F(BadValue, StepsThatFitNoBox) {
+    expectRefused({"--step", "3", "--box", "0,0,0,7,6,1"}, "--step 3: expected at most 2");
+    expectRefused({"--box", "0,0,0,69999,69999,1"}, "--box");
+}
+
+TEST_F(BadValue, StepsAndBoxesThatDoNotFitBareVoxels) {
+    auto const expectBareRefused = [this](std::string const& dims, std::vector<std::string> options,
+                                          std::string const& named) {
+        options.insert(options.end(), {"--type", "uint8", "--dims", dims});
+        expectRefused(options, named);
+    };
+    expectBareRefused("4,4,4", {"--box", "0,0,0,9,9,9"}, "--box 0,0,0,9,9,9: expected");
+    expectBareRefused("4,4,4", {"--step", "5"}, "--step 5: expected at most 4");
+    expectBareRefused("70000,70000,2", {}, "--dims 70000,70000,2: expected");
+}
+
 TEST_F(BadValue, LayoutsOfNoBareVoxels) {
     expectRefused({"--dims", "2,3,4", "--type", "int12"}, "--type");
     expectRefused({"--dims", "2,3,4"}, "--type");
-    expectRefused({"--dims", "2,0,4", "--type", "uint8"}, "--dims");
+    for (char const* const flat : {"2,0,4", "1,8,8", "8,8,1"}) {
+        expectRefused({"--dims", flat, "--type", "uint8"}, std::string("--dims ") + flat + ": expected");
+    }
     expectRefused({"--type", "uint8"}, "--dims");
     expectRefused({"--big-endian"}, "--dims");
     expectRefused({"--dims", "2,3,4", "--type", "uint8", "--header", "-1"}, "--header");

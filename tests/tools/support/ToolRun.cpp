@@ -31,9 +31,9 @@ void redirect(std::filesystem::path const& path, int descriptor) {
 }
 
 // Runs the program; calls `disturb` with its process once it is started. Standard error goes to the descriptor
-// `terminal` where there is one.
+// `terminal` where there is one; `ignored` is a signal that the program is started to ignore.
 template <typename Disturb>
-ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb, int terminal = -1) {
+ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb, int terminal = -1, int ignored = 0) {
     TemporaryFolder const folder;
     std::vector<char*> pointers{const_cast<char*>(TAMO_PROGRAM)};
     for (std::string const& argument : arguments) {
@@ -48,6 +48,10 @@ ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb,
             redirect(folder / "error", STDERR_FILENO);
         } else {
             dup2(terminal, STDERR_FILENO);
+        }
+        // What the tests were started to ignore, in the background of a script, is not theirs.
+        for (int const number : {SIGINT, SIGTERM, SIGHUP}) {
+            signal(number, number == ignored ? SIG_IGN : SIG_DFL);
         }
         execv(pointers[0], pointers.data());
         _exit(127);
@@ -71,8 +75,9 @@ ToolRun runTool(std::vector<std::string> const& arguments) {
     return runProgram(arguments, [](pid_t) {});
 }
 
-ToolRun interruptTool(std::vector<std::string> const& arguments, int signal, std::function<bool()> const& isTime) {
-    return runProgram(arguments, [signal, &isTime](pid_t child) {
+ToolRun interruptTool(std::vector<std::string> const& arguments, int signal, std::function<bool()> const& isTime,
+                      bool isIgnored) {
+    auto const interrupt = [signal, &isTime](pid_t child) {
         auto const end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
         while (!isTime() && std::chrono::steady_clock::now() < end) {
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
@@ -80,7 +85,8 @@ ToolRun interruptTool(std::vector<std::string> const& arguments, int signal, std
         // What was seen may be half done.
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
         kill(child, signal);
-    });
+    };
+    return runProgram(arguments, interrupt, /*terminal=*/-1, isIgnored ? signal : 0);
 }
 
 ToolRun runToolOnTerminal(std::vector<std::string> const& arguments, std::string const& interruptAt) {

@@ -18,8 +18,10 @@ struct ToolRun {
 /// Runs `tamo` with the given arguments, its standard output and standard error going to files, and waits for it.
 ToolRun runTool(std::vector<std::string> const& arguments);
 
-/// Runs it likewise, but sends `signal` as soon as `isTime` holds, or after 30 seconds.
-ToolRun interruptTool(std::vector<std::string> const& arguments, int signal, std::function<bool()> const& isTime);
+/// Runs it likewise, but sends `signal` as soon as `isTime` holds, or after 30 seconds. The program is started with the
+/// signal ignored where `isIgnored`, as nohup starts it.
+ToolRun interruptTool(std::vector<std::string> const& arguments, int signal, std::function<bool()> const& isTime,
+                      bool isIgnored = false);
 
 /// Runs it likewise, its standard error being a terminal; what that showed is the error. Sends the signal of Ctrl-C
 /// once the terminal shows `interruptAt`, unless that is empty.

@@ -29,7 +29,7 @@ Samples makeSamples(int sizeX, int sizeY, int sizeZ);
 /// Makes VTK's image of the samples, spacing 1 x 2 x 3.
 vtkSmartPointer<vtkImageData> makeImage(Samples const& samples);
 
-/// Is a way to write a volume, by a name that says which.
+/// A way to write a volume, and its name.
 struct FileFormat {
     std::string name;
     /// The file or folder to hand to the program.

@@ -51,7 +51,25 @@ TEST(ScanWithoutMemory, IsOneLineThatNamesTheStep) {
     EXPECT_TRUE(isInputRefusal(run, "--step 2: expected")) << run.status << " " << run.error;
     EXPECT_TRUE(fs::is_empty(folder / "out"));
 }
+
+TEST(CommandWithoutMemory, SaysWhatOfItsOwnTakesLess) {
+    TemporaryFolder const folder;
+    PreloadedLibrary const library(TAMO_NO_MEMORY);
+    EXPECT_TRUE(isInputRefusal(render(folder, {}), "memory for this volume; a larger --step"));
+    ToolRun const run = runTool({"atlas", "-o", (folder / "out" / "a.png").string()});
+    EXPECT_TRUE(isInputRefusal(run, "memory for this sheet; a smaller --size")) << run.status << " " << run.error;
+    EXPECT_TRUE(fs::is_empty(folder / "out"));
+}
 #endif
+
+TEST(MissingOpenGL, ShowsBeforeTheVolumeIsRead) {
+    TemporaryFolder const folder;
+    PreloadedLibrary const library(TAMO_MISSING_OPENGL);
+    ToolRun const run = render(folder, {});
+    EXPECT_TRUE(isInputRefusal(run, "offscreen OpenGL: expected a display")) << run.status << " " << run.error;
+    EXPECT_EQ(run.output, "");
+    EXPECT_TRUE(fs::is_empty(folder / "out"));
+}
 
 TEST(EarlyInterruption, RemovesAPictureThatHasOnlyJustBeenMade) {
     TemporaryFolder const folder;

@@ -29,6 +29,12 @@ TEST_F(BadFile, FilesThatHoldNoVolume) {
     }
 }
 
+TEST_F(BadFile, NamesThatNoFileHas) {
+    std::string const name(300, 'x');
+    ToolRun const run = runTool({"info", (_folder / name).string()});
+    EXPECT_TRUE(isInputRefusal(run, name + ": expected")) << run.status << " " << run.error;
+}
+
 TEST_F(BadFile, VolumesThatNoMemoryHolds) {
     // Sides of 32767 voxels, far more than the file has.
     fileFormats().front().write(makeSamples(8, 7, 6), _folder / "a.nii");

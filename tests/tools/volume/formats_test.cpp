@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <fstream>
 
 namespace {
 
@@ -89,6 +90,15 @@ template <typename T> std::string rangeOfRaw(std::string const& type, T low, T h
     ToolRun const run = runTool(arguments);
     EXPECT_EQ(line(run.output, "type"), "type        " + type) << run.error;
     return line(run.output, "range");
+}
+
+TEST(RawVolume, BeginsBehindAHeaderOfMoreThan2GiB) {
+    TemporaryFolder const folder;
+    // A file with a hole takes no room.
+    std::ofstream(folder / "a.raw", std::ios::binary).seekp(3000000000) << "abcdefgh";
+    ToolRun const run =
+        runTool({"info", (folder / "a.raw").string(), "--dims", "2,2,2", "--type", "uint8", "--header", "3000000000"});
+    EXPECT_EQ(line(run.output, "range"), "range       97 .. 104") << run.error;
 }
 
 TEST(RawVolume, HoldsEveryScalarTypeInEitherByteOrder) {

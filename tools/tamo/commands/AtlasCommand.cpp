@@ -10,6 +10,8 @@
 #include "picture/OffscreenContext.h"
 #include "picture/SurfacePicture.h"
 
+#include <tamo/surface/TAMO.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
@@ -77,12 +79,16 @@ void AtlasCommand::run() const {
     PictureFile file(output);
     std::vector<GLObjectList> lists(systems.size());
     for (std::size_t i = 0; i < lists.size(); ++i) {
-        makeObjects(systems[i], lists[i]);
+        GLObjectListForNeighborhood(systems[i].config, lists[i]);
     }
     std::vector<picture::AtlasSheet::Tile> const tiles = arrangeTiles(configurations, systems, lists);
     std::size_t const columns = lists.size() > 1 ? lists.size() : std::min(kMostColumns, tiles.size());
     file.write(drawSheet(tiles, columns, view, size));
     std::cout << "picture     " << output.string() << ", " << size.width << " x " << size.height << "\n";
+}
+
+std::string AtlasCommand::memoryMessage() const {
+    return "not enough memory for this sheet; a smaller --size or fewer --configurations make a smaller one";
 }
 
 } // namespace tamo::tool

@@ -8,6 +8,8 @@
 #include "../options/PictureOptions.h"
 #include "Command.h"
 
+#include <string>
+
 namespace tamo::tool {
 
 /// Draws cell configurations with their polygons, one tile each, into a PNG file. One system fills rows of at most 16
@@ -16,6 +18,7 @@ class AtlasCommand : public Command {
   public:
     explicit AtlasCommand(CLI::App& program);
     void run() const override;
+    [[nodiscard]] std::string memoryMessage() const override;
 
   private:
     OutputOption _output;

@@ -8,7 +8,7 @@
 
 namespace tamo::tool {
 
-/// Is a subcommand of the program. It states its options when it is made; once the command line is parsed, `run` reads
+/// A subcommand of the program. It states its options when it is made; once the command line is parsed, `run` reads
 /// and follows them.
 class Command {
   public:
@@ -21,6 +21,8 @@ class Command {
     /// Throws `UsageError` for a value that its option does not take, before it touches a file, and `UserError` for
     /// what is found later.
     virtual void run() const = 0;
+    /// Returns what to say in one line where `run` throws `std::bad_alloc`.
+    [[nodiscard]] virtual std::string memoryMessage() const = 0;
 
   protected:
     Command(CLI::App& program, std::string const& name, std::string const& purpose);

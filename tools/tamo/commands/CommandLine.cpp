@@ -4,6 +4,7 @@
 
 #include "../options/VolumeOptions.h"
 #include "../terminal/UsageError.h"
+#include "../terminal/UserError.h"
 #include "AtlasCommand.h"
 #include "InfoCommand.h"
 #include "RenderCommand.h"
@@ -11,7 +12,9 @@
 #include <CLI/CLI.hpp>
 
 #include <array>
+#include <new>
 #include <string>
+#include <vector>
 
 namespace tamo::tool {
 
@@ -27,6 +30,18 @@ void refuseEmptyValues(CLI::App& app) {
     for (CLI::App* const command : app.get_subcommands(nullptr)) {
         for (CLI::Option* const option : command->get_options()) {
             option->check([](std::string const& text) { return text.empty() ? "expected a value, found none" : ""; });
+        }
+    }
+}
+
+// Refuses `--option=` with nothing behind it, for which the parser would take the next word.
+void refuseEmptyAssignments(int argumentCount, char const* const* arguments) {
+    for (int i = 1; i < argumentCount; ++i) {
+        std::string const word = arguments[i];
+        bool const isAssignment = word.size() > 3 && word.compare(0, 2, "--") == 0 &&
+                                  word.find_first_not_of("abcdefghijklmnopqrstuvwxyz-") == word.size() - 1;
+        if (isAssignment && word.back() == '=') {
+            throw UsageError(word + ": expected a value right behind it, found none; see tamo --help");
         }
     }
 }
@@ -54,12 +69,24 @@ bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
         app.exit(asked);
         return false;
     } catch (CLI::ParseError const& error) {
+        std::vector<std::string> const unknown = app.remaining(/*recurse=*/true);
         if (app.get_subcommands().empty()) {
-            throw UsageError("expected a command, info, render or atlas; " + helpOf(app));
+            throw UsageError((unknown.empty() ? "" : unknown.front() + ": ") +
+                             "expected a command, info, render or atlas; " + helpOf(app));
         }
-        throw UsageError(messageOf(error) + "; " + helpOf(app));
+        // What else is missing may be no more than misspelt.
+        throw UsageError((unknown.empty() ? messageOf(error) : "expected no " + CLI::detail::join(unknown, " ")) +
+                         "; " + helpOf(app));
     }
     return true;
+}
+
+void runCommand(Command const& command) {
+    try {
+        command.run();
+    } catch (std::bad_alloc const&) {
+        throw UserError(command.memoryMessage());
+    }
 }
 
 } // namespace
@@ -73,12 +100,13 @@ void runCommandLine(int argumentCount, char const* const* arguments) {
     RenderCommand const render(app);
     AtlasCommand const atlas(app);
     refuseEmptyValues(app);
+    refuseEmptyAssignments(argumentCount, arguments);
     if (!parse(app, argumentCount, arguments)) {
         return;
     }
     for (Command const* const command : std::array<Command const*, 3>{&info, &render, &atlas}) {
         if (command->isAsked()) {
-            command->run();
+            runCommand(*command);
         }
     }
 }

@@ -37,4 +37,6 @@ void InfoCommand::run() const {
               << "bytes       " << voxelBytes(volume) << "\n";
 }
 
+std::string InfoCommand::memoryMessage() const { return "not enough memory for this volume"; }
+
 } // namespace tamo::tool

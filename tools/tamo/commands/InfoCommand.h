@@ -5,6 +5,8 @@
 #include "../options/VolumeOptions.h"
 #include "Command.h"
 
+#include <string>
+
 namespace tamo::tool {
 
 /// Prints what a volume is: dimensions, type, spacing, value range, bytes.
@@ -12,6 +14,7 @@ class InfoCommand : public Command {
   public:
     explicit InfoCommand(CLI::App& program);
     void run() const override;
+    [[nodiscard]] std::string memoryMessage() const override;
 
   private:
     VolumeOptions _volume;

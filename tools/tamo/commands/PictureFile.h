@@ -8,7 +8,7 @@
 
 namespace tamo::tool {
 
-/// Is a PNG file that appears under its name only once it is complete.
+/// A PNG file that appears under its name only once it is complete.
 ///
 /// Until then it stands beside it under a name of its own, made by the constructor so that a place that cannot be
 /// written shows before the work; the destructor and an interruption remove it.

@@ -22,7 +22,6 @@
 
 #include <tamo/surface/TAMO.h>
 
-#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <iostream>
@@ -50,40 +49,15 @@ struct RenderOptions {
     RangeOptions::Limits limits;
     // At least one; each has a panel of the picture.
     std::vector<NamedSystem> systems;
-    int step = 1;
-    std::optional<Box> box;
+    ScanRegion region;
     picture::PictureSize size{};
     picture::View view{};
 };
 
-std::string text(Size3 const& v, char const* separator) {
-    return std::to_string(v[0]) + separator + std::to_string(v[1]) + separator + std::to_string(v[2]);
-}
-
-// Returns the box to scan, checked against the volume and the step.
-Box chooseBox(RenderOptions const& options, Size3 const& size) {
-    Box const box = options.box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (box.last[axis] >= size[axis]) {
-            throw UserError("--box " + text(box.first, ",") + "," + text(box.last, ",") +
-                            ": expected voxels inside the volume of " + text(size, " x "));
-        }
-    }
-    Size3 const sides = box.sides();
-    int const smallest = *std::min_element(sides.begin(), sides.end());
-    if (options.step > smallest) {
-        throw UserError("--step " + std::to_string(options.step) + ": expected at most " + std::to_string(smallest) +
-                        ", the smallest side of the box");
-    }
-    // The scan takes the address distance of two slices as an int.
-    if (std::int64_t{sides[0]} * sides[1] > std::numeric_limits<int>::max()) {
-        throw UserError(options.source.path.string() + ": expected slices of less than 2^31 voxels, found " +
-                        std::to_string(sides[0]) + " x " + std::to_string(sides[1]) + "; give a smaller --box");
-    }
-    return box;
-}
-
 std::string rangeText(ValueRange range) {
+    if (std::isinf(range.min)) {
+        return "up to " + numberText(range.max);
+    }
     return std::isinf(range.max) ? "from " + numberText(range.min)
                                  : numberText(range.min) + " .. " + numberText(range.max);
 }
@@ -97,9 +71,10 @@ ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
                         ": expected two different values to choose --min between, found " + numberText(found.min) +
                         " alone");
     }
-    // An upper bound alone asks for everything below it.
-    double const min = options.limits.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : found.min);
-    ValueRange const range{min, options.limits.max.value_or(std::numeric_limits<double>::infinity())};
+    // A bound alone asks for everything on its side.
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    double const min = options.limits.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : -kInfinity);
+    ValueRange const range{min, options.limits.max.value_or(kInfinity)};
     std::cout << "values      " << rangeText(range) << " of " << numberText(found.min) << " .. "
               << numberText(found.max) << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
     return range;
@@ -121,7 +96,7 @@ Scan threshold(RenderOptions const& options, Volume const& volume, Box const& bo
         Progress progress("threshold");
         return makeBinaryVolume(volume, range, box, progress);
     }();
-    Scan scan{std::move(binary), static_cast<unsigned int>(options.step)};
+    Scan scan{std::move(binary), static_cast<unsigned int>(options.region.step)};
     if (scan.binary.foreground == 0) {
         throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
                         " (--min, --max), found none");
@@ -138,9 +113,10 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(), objects,
                   info);
     if (info.primitives() == 0) {
-        throw UserError("--step " + std::to_string(options.step) + ": expected a step that meets the foreground");
+        throw UserError("--step " + std::to_string(options.region.step) +
+                        ": expected a step that meets the foreground");
     }
-    std::cout << "surface     " << system.name << ", step " << options.step << ": " << info.primitives()
+    std::cout << "surface     " << system.name << ", step " << options.region.step << ": " << info.primitives()
               << " primitives, " << info.triangles() << " triangles, " << info.vertices() << " vertices\n";
     return info;
 }
@@ -230,26 +206,36 @@ RenderCommand::RenderCommand(CLI::App& program)
 }
 
 void RenderCommand::run() const {
-    RenderOptions const options{_volume.read(),   _output.read(),  _range.read(),       _adjacency.read(),
-                                _scan.readStep(), _scan.readBox(), _picture.readSize(), _picture.readView()};
+    RenderOptions const options{_volume.read(), _output.read(),      _range.read(),      _adjacency.read(),
+                                _scan.read(),   _picture.readSize(), _picture.readView()};
     if (static_cast<std::size_t>(options.size.width) < options.systems.size()) {
         throw UsageError("--size " + std::to_string(options.size.width) + "x" + std::to_string(options.size.height) +
-                         ": expected a pixel of width or more for each --adjacency");
+                         ": expected at least one pixel of width per adjacency system");
+    }
+    if (options.source.raw) {
+        Size3 const& size = options.source.raw->size;
+        if (auto const fault = options.region.faultIn(size, "--dims " + text(size, ","))) {
+            throw UsageError(*fault);
+        }
     }
     int const samples = picture::chooseSamples(options.size);
     StageTimer timer;
     PictureFile file(options.output);
 
-    // The lists come first: a system that cannot be built should not wait for the volume.
+    // A machine without OpenGL should not show only once the volume is read.
+    picture::OffscreenContext const context(options.size.width * samples, options.size.height * samples);
     std::size_t const systems = options.systems.size();
     std::vector<GLObjectList> objects(systems);
     timer.run("object list", [&] {
         for (std::size_t i = 0; i < systems; ++i) {
-            makeObjects(options.systems[i], objects[i]);
+            GLObjectListForNeighborhood(options.systems[i].config, objects[i]);
         }
     });
     Volume volume = timer.run("read", [&] { return readSource(options); });
-    Box const box = chooseBox(options, volume.size);
+    if (auto const fault = options.region.faultIn(volume.size, options.source.path.string())) {
+        throw UserError(*fault);
+    }
+    Box const box = options.region.boxIn(volume.size);
     Scan const scan = timer.run("threshold", [&] { return threshold(options, volume, box); });
     // Size, spacing and axes are still needed, the voxels are not.
     volume.image = nullptr;
@@ -260,7 +246,6 @@ void RenderCommand::run() const {
         }
     });
 
-    picture::OffscreenContext const context(options.size.width * samples, options.size.height * samples);
     PanelPainter painter(options, scan, volume, samples);
     for (std::size_t i = 0; i < systems; ++i) {
         painter.draw(i, objects[i], infos[i], timer);
@@ -271,6 +256,10 @@ void RenderCommand::run() const {
     if (_isVerbose) {
         timer.print(std::cout);
     }
+}
+
+std::string RenderCommand::memoryMessage() const {
+    return "not enough memory for this volume; a larger --step makes a smaller surface";
 }
 
 } // namespace tamo::tool

@@ -10,6 +10,8 @@
 #include "../options/VolumeOptions.h"
 #include "Command.h"
 
+#include <string>
+
 namespace tamo::tool {
 
 /// Draws the surface of a volume's foreground into a PNG file, once per adjacency system, and prints its figures.
@@ -17,6 +19,7 @@ class RenderCommand : public Command {
   public:
     explicit RenderCommand(CLI::App& program);
     void run() const override;
+    [[nodiscard]] std::string memoryMessage() const override;
 
   private:
     VolumeOptions _volume;

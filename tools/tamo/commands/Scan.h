@@ -8,7 +8,7 @@
 
 namespace tamo::tool {
 
-/// Is a box of voxels to be scanned, every `step` of them along each axis.
+/// A box of voxels to scan, every `step` of them along each axis.
 struct Scan {
     BinaryVolume binary;
     unsigned int step;

@@ -10,10 +10,9 @@ namespace tamo::tool {
 
 AdjacencyOption::AdjacencyOption(CLI::App& command, std::string const& several) {
     command
-        .add_option(
-            "--adjacency", _text,
-            "Adjacency system: N6 (or 6), N8, N12, N14I, N14II or N26 (or 26); several, with commas between them, " +
-                several)
+        .add_option("--adjacency", _text,
+                    "Adjacency system, in any case: " + systemNames() + "; several, with commas between them, " +
+                        several)
         ->type_name("NAME,...")
         ->capture_default_str();
 }
@@ -25,7 +24,7 @@ std::vector<NamedSystem> AdjacencyOption::read() const {
         std::size_t const end = std::min(_text.find(',', start), _text.size());
         auto const system = findSystem(_text.substr(start, end - start));
         if (!system) {
-            refuse("N6 (or 6), N8, N12, N14I, N14II or N26 (or 26), or several of them with commas between");
+            refuse(systemNames() + ", or several of them with commas between");
         }
         systems.push_back(*system);
         start = end + 1;

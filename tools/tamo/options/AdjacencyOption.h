@@ -11,7 +11,7 @@
 
 namespace tamo::tool {
 
-/// Is the option that names adjacency systems.
+/// The option that names adjacency systems.
 class AdjacencyOption {
   public:
     /// `several` says in the help text what happens to several systems.

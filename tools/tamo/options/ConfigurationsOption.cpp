@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "ConfigurationsOption.h"
 
-#include "../terminal/UsageError.h"
 #include "OptionValues.h"
 
 #include <algorithm>
@@ -18,13 +17,9 @@ std::vector<int> ConfigurationsOption::read() const {
     if (_text.empty()) {
         return {};
     }
-    std::string const expected = "whole numbers from 0 to 255 with commas between them";
     auto const count = static_cast<std::size_t>(std::count(_text.begin(), _text.end(), ',')) + 1;
-    std::vector<int> configurations = parseWholes("--configurations", _text, ',', count, 0, expected);
-    if (*std::max_element(configurations.begin(), configurations.end()) > 255) {
-        throw UsageError("--configurations " + _text + ": expected " + expected);
-    }
-    return configurations;
+    return parseWholes("--configurations", _text, ',', count, 0, 255,
+                       "whole numbers from 0 to 255 with commas between them");
 }
 
 } // namespace tamo::tool

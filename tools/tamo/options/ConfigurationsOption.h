@@ -9,7 +9,7 @@
 
 namespace tamo::tool {
 
-/// Is the option that names configurations of the cell.
+/// The option that names configurations of the cell.
 class ConfigurationsOption {
   public:
     explicit ConfigurationsOption(CLI::App& command);

@@ -2,47 +2,57 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "NamedSystem.h"
 
-#include "../terminal/UserError.h"
-
-#include <tamo/TamoException.h>
-#include <tamo/surface/TAMO.h>
+#include "OptionValues.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <vector>
 
 namespace tamo::tool {
 
 namespace {
 
-// Returns the name as this program writes it.
-std::string spelling(std::string name) {
-    std::transform(name.begin(), name.end(), name.begin(),
+struct Entry {
+    char const* name;
+    // Another way to write it, or nothing.
+    char const* alias;
+    Neighborhood::NHConfig config;
+};
+
+constexpr std::array<Entry, 6> kSystems{{{"N6", "6", Neighborhood::N6},
+                                         {"N8", "", Neighborhood::N8},
+                                         {"N12", "", Neighborhood::N12},
+                                         {"N14I", "", Neighborhood::N14I},
+                                         {"N14II", "", Neighborhood::N14II},
+                                         {"N26", "26", Neighborhood::N26}}};
+
+std::string upperCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return name == "6" || name == "26" ? "N" + name : name;
+    return text;
 }
 
 } // namespace
 
-std::optional<NamedSystem> findSystem(std::string const& name) {
-    static std::array<NamedSystem, 6> const kSystems{{{"N6", Neighborhood::N6},
-                                                      {"N8", Neighborhood::N8},
-                                                      {"N12", Neighborhood::N12},
-                                                      {"N14I", Neighborhood::N14I},
-                                                      {"N14II", Neighborhood::N14II},
-                                                      {"N26", Neighborhood::N26}}};
-    auto const* const system =
-        std::find_if(kSystems.begin(), kSystems.end(),
-                     [spelt = spelling(name)](NamedSystem const& candidate) { return candidate.name == spelt; });
-    return system == kSystems.end() ? std::nullopt : std::optional(*system);
+std::string systemNames() {
+    std::vector<std::string> names;
+    for (Entry const& system : kSystems) {
+        std::string const alias = system.alias;
+        names.push_back(system.name + (alias.empty() ? "" : " (or " + alias + ")"));
+    }
+    return alternatives(names);
 }
 
-void makeObjects(NamedSystem const& system, GLObjectList& objects) {
-    try {
-        GLObjectListForNeighborhood(system.config, objects);
-    } catch (TamoException const& error) {
-        throw UserError("--adjacency " + system.name + ": " + error.what());
+std::optional<NamedSystem> findSystem(std::string const& name) {
+    if (name.empty()) {
+        return {};
     }
+    auto const* const system =
+        std::find_if(kSystems.begin(), kSystems.end(), [&name, upper = upperCase(name)](Entry const& candidate) {
+            return candidate.name == upper || candidate.alias == name;
+        });
+    return system == kSystems.end() ? std::nullopt : std::optional(NamedSystem{system->name, system->config});
 }
 
 } // namespace tamo::tool

@@ -3,23 +3,22 @@
 #pragma once
 
 #include <tamo/neighborhood/Neighborhood.h>
-#include <tamo/objects/GLObjectList.h>
 
 #include <optional>
 #include <string>
 
 namespace tamo::tool {
 
-/// Is an adjacency system and the name that pictures and figures show.
+/// An adjacency system and the name that pictures and figures show.
 struct NamedSystem {
     std::string name;
     Neighborhood::NHConfig config;
 };
 
-/// Returns the system of a name in either case, or of the aliases 6 and 26; nothing where there is none.
-std::optional<NamedSystem> findSystem(std::string const& name);
+/// Returns the names of all systems, and the aliases beside them, as a sentence lists them.
+std::string systemNames();
 
-/// Fills `objects` with the polygons of the system. Throws `UserError` where the library refuses it.
-void makeObjects(NamedSystem const& system, GLObjectList& objects);
+/// Returns the system of a name in either case, or of an alias; nothing where there is none.
+std::optional<NamedSystem> findSystem(std::string const& name);
 
 } // namespace tamo::tool

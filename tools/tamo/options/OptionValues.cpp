@@ -47,6 +47,14 @@ std::vector<T> readList(std::string const& option, std::string const& text, char
 
 } // namespace
 
+std::string alternatives(std::vector<std::string> const& words) {
+    std::string list = words.front();
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        list += (i + 1 == words.size() ? " or " : ", ") + words[i];
+    }
+    return list;
+}
+
 double parseNumber(std::string const& option, std::string const& text) {
     double value = 0;
     if (!read(text, value) || !std::isfinite(value)) {
@@ -55,10 +63,10 @@ double parseNumber(std::string const& option, std::string const& text) {
     return value;
 }
 
-int parseWhole(std::string const& option, std::string const& text, int least) {
-    int value = 0;
-    if (!read(text, value) || value < least) {
-        fail(option, text, "a whole number of at least " + std::to_string(least));
+std::int64_t parseWhole(std::string const& option, std::string const& text, std::int64_t least, std::int64_t most) {
+    std::int64_t value = 0;
+    if (!read(text, value) || value < least || value > most) {
+        fail(option, text, "a whole number from " + std::to_string(least) + " to " + std::to_string(most));
     }
     return value;
 }
@@ -70,8 +78,9 @@ std::vector<double> parseNumbers(std::string const& option, std::string const& t
 }
 
 std::vector<int> parseWholes(std::string const& option, std::string const& text, char separator, std::size_t count,
-                             int least, std::string const& expected) {
-    return readList<int>(option, text, separator, count, expected, [least](int value) { return value >= least; });
+                             int least, int most, std::string const& expected) {
+    return readList<int>(option, text, separator, count, expected,
+                         [least, most](int value) { return value >= least && value <= most; });
 }
 
 } // namespace tamo::tool

@@ -9,7 +9,7 @@
 
 namespace tamo::tool {
 
-/// Is the option that names the picture to write.
+/// The option that names the picture to write.
 class OutputOption {
   public:
     explicit OutputOption(CLI::App& command);

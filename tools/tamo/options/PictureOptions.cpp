@@ -5,7 +5,6 @@
 #include "../terminal/UsageError.h"
 #include "OptionValues.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace tamo::tool {
@@ -17,11 +16,8 @@ PictureOptions::PictureOptions(CLI::App& command, Defaults const& defaults)
 }
 
 picture::PictureSize PictureOptions::readSize() const {
-    auto const size = parseWholes("--size", _size, 'x', 2, 1, "WxH, two whole numbers of at least 1");
-    if (std::max(size[0], size[1]) > picture::kMaxPictureSide) {
-        throw UsageError("--size " + _size + ": expected at most " + std::to_string(picture::kMaxPictureSide) +
-                         " pixels a side");
-    }
+    auto const size = parseWholes("--size", _size, 'x', 2, 1, picture::kMaxPictureSide,
+                                  "WxH, two whole numbers from 1 to " + std::to_string(picture::kMaxPictureSide));
     return {size[0], size[1]};
 }
 

@@ -11,7 +11,7 @@
 
 namespace tamo::tool {
 
-/// Are the options that say how large a picture is and from where it is seen.
+/// The options that say how large a picture is and from where it is seen.
 class PictureOptions {
   public:
     /// Holds what the options are where they are not given, and what the view's help text says.

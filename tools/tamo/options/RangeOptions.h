@@ -9,7 +9,7 @@
 
 namespace tamo::tool {
 
-/// Are the options that say which values are foreground.
+/// The options that say which values are foreground.
 class RangeOptions {
   public:
     /// Holds the smallest and the largest of these values, where they are given.

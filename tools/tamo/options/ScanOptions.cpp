@@ -13,14 +13,23 @@ ScanOptions::ScanOptions(CLI::App& command) {
         ->type_name("X0,Y0,Z0,X1,Y1,Z1");
 }
 
-int ScanOptions::readStep() const { return parseWhole("--step", _step, 1); }
+ScanRegion ScanOptions::read() const {
+    ScanRegion const region{static_cast<int>(parseWhole("--step", _step, 1, kMostVoxels)), readBox()};
+    if (auto const fault = region.faultAnywhere()) {
+        throw UsageError(*fault);
+    }
+    return region;
+}
 
 std::optional<Box> ScanOptions::readBox() const {
     if (_box.empty()) {
         return {};
     }
-    std::string const expected = "six whole numbers X0,Y0,Z0,X1,Y1,Z1, the first voxel and the last";
-    auto const v = parseWholes("--box", _box, ',', 6, 0, expected);
+    // A number that no axis has would overflow the sides.
+    constexpr int kLast = kMostVoxels - 1;
+    std::string const expected =
+        "six whole numbers X0,Y0,Z0,X1,Y1,Z1 from 0 to " + std::to_string(kLast) + ", the first voxel and the last";
+    auto const v = parseWholes("--box", _box, ',', 6, 0, kLast, expected);
     Box const box{{v[0], v[1], v[2]}, {v[3], v[4], v[5]}};
     for (std::size_t axis = 0; axis < 3; ++axis) {
         if (box.first[axis] > box.last[axis]) {

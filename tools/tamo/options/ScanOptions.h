@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../volume/Box.h"
+#include "ScanRegion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,17 +11,18 @@
 
 namespace tamo::tool {
 
-/// Are the options that say which voxels of a volume are used.
+/// The options that say which voxels of a volume are used.
 class ScanOptions {
   public:
     explicit ScanOptions(CLI::App& command);
 
-    /// Returns the distance of the voxels used, at least 1. Throws `UsageError`.
-    [[nodiscard]] int readStep() const;
-    /// Returns the box where there is one; it need not lie in the volume. Throws `UsageError`.
-    [[nodiscard]] std::optional<Box> readBox() const;
+    /// Returns the box and a step that fits into it; whether the box lies in the volume remains to be seen. Throws
+    /// `UsageError`.
+    [[nodiscard]] ScanRegion read() const;
 
   private:
+    [[nodiscard]] std::optional<Box> readBox() const;
+
     std::string _step = "1";
     std::string _box;
 };

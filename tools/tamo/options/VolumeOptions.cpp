@@ -7,6 +7,8 @@
 #include "OptionValues.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace tamo::tool {
@@ -17,15 +19,21 @@ template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
     return {values[0], values[1], values[2]};
 }
 
+std::string typeNames() {
+    std::vector<std::string> names;
+    for (ScalarType const& type : kScalarTypes) {
+        names.emplace_back(type.name);
+    }
+    return alternatives(names);
+}
+
 } // namespace
 
 VolumeOptions::VolumeOptions(CLI::App& command) {
     command.add_option("volume", _volume, "File or folder of the volume")->required()->type_name("VOLUME");
-    command.add_option("--dims", _dims, "Bare voxels: their number along x, y and z, x fastest")->type_name("X,Y,Z");
-    command
-        .add_option("--type", _type,
-                    "Bare voxels: uint8, int8, uint16, int16, uint32, int32, uint64, int64, float32 or float64")
-        ->type_name("TYPE");
+    command.add_option("--dims", _dims, "Bare voxels: their number along x, y and z, each at least 2, x fastest")
+        ->type_name("X,Y,Z");
+    command.add_option("--type", _type, "Bare voxels: " + typeNames())->type_name("TYPE");
     command.add_option("--header", _header, "Bare voxels: bytes before the first one (default 0)")->type_name("BYTES");
     command.add_flag("--big-endian", _isBigEndian, "Bare voxels: the most significant byte comes first");
     command.add_option("--spacing", _spacing, "Distance between voxels, in place of the file's")->type_name("X,Y,Z");
@@ -37,16 +45,19 @@ RawLayout VolumeOptions::readLayout() const {
                          ": expected with bare voxels, together with " + (_dims.empty() ? "--type" : "--dims"));
     }
     RawLayout layout;
-    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 1, "three whole numbers of at least 1: X,Y,Z"));
+    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 2, kMostVoxels,
+                                     "three whole numbers from 2 to " + std::to_string(kMostVoxels) + ": X,Y,Z"));
     auto const type = std::find_if(kScalarTypes.begin(), kScalarTypes.end(),
                                    [this](ScalarType const& candidate) { return candidate.name == _type; });
     if (type == kScalarTypes.end()) {
-        throw UsageError("--type " + _type +
-                         ": expected uint8, int8, uint16, int16, uint32, int32, uint64, int64, float32 or float64");
+        throw UsageError("--type " + _type + ": expected " + typeNames());
     }
     layout.vtkType = type->vtkType;
     layout.isBigEndian = _isBigEndian;
-    layout.headerBytes = _header.empty() ? 0 : static_cast<std::uint64_t>(parseWhole("--header", _header, 0));
+    // Files have signed 64-bit sizes.
+    constexpr std::int64_t kMostBytes = std::numeric_limits<std::int64_t>::max();
+    layout.headerBytes =
+        _header.empty() ? 0 : static_cast<std::uint64_t>(parseWhole("--header", _header, 0, kMostBytes));
     return layout;
 }
 

@@ -16,7 +16,7 @@ inline constexpr char const* kVolumeFormats =
     "multi-page TIFF (.tif, .tiff), VTK image data (.vti), a folder of PNG, TIFF or\n"
     "DICOM slices, and bare voxels with --dims and --type.\n";
 
-/// Are the name of a volume and the options that say what its file does not tell.
+/// The name of a volume, and the options that say what its file does not.
 class VolumeOptions {
   public:
     explicit VolumeOptions(CLI::App& command);

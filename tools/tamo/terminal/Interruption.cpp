@@ -37,7 +37,11 @@ void installInterruption() {
     action.sa_handler = stopProgram;
     action.sa_flags = static_cast<int>(SA_RESETHAND);
     for (int const signal : kSignals) {
-        sigaction(signal, &action, nullptr);
+        struct sigaction inherited = {};
+        sigaction(signal, nullptr, &inherited);
+        if (inherited.sa_handler != SIG_IGN) {
+            sigaction(signal, &action, nullptr);
+        }
     }
 }
 

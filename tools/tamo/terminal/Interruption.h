@@ -8,7 +8,8 @@
 namespace tamo::tool {
 
 /// Lets Ctrl-C (and the signals that end a terminal or a session) stop the program at once, whatever library runs, with
-/// one line on standard error; the file of `setUnfinishedFile` is removed first.
+/// one line on standard error; the file of `setUnfinishedFile` is removed first. A signal that the caller of the
+/// program ignores, as nohup does, stays ignored.
 void installInterruption();
 
 /// Names the file to remove on an interruption; an empty name for none. Paths of 4096 bytes and more are ignored.

@@ -6,7 +6,7 @@
 
 namespace tamo::tool {
 
-/// Is a box of voxels, both ends included.
+/// A box of voxels, both ends included.
 struct Box {
     Size3 first{};
     Size3 last{};

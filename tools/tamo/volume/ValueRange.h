@@ -4,7 +4,7 @@
 
 namespace tamo::tool {
 
-/// Is a range of voxel values, both ends included.
+/// A range of voxel values, both ends included.
 struct ValueRange {
     double min;
     double max;

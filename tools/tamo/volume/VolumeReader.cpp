@@ -10,6 +10,7 @@
 #include <cmath>
 #include <fstream>
 #include <new>
+#include <system_error>
 
 namespace tamo::tool {
 
@@ -59,7 +60,13 @@ Reader findReader(fs::path const& path) {
 }
 
 Volume readAny(VolumeSource const& source, Progress& progress) {
-    if (!fs::exists(source.path)) {
+    // A name that is too long, or a folder that may not be entered.
+    std::error_code error;
+    bool const exists = fs::exists(source.path, error);
+    if (error) {
+        throw UserError(source.path.string() + ": expected a file or folder that can be read: " + error.message());
+    }
+    if (!exists) {
         throw UserError(source.path.string() + ": expected a volume, found no such file or folder");
     }
     if (fs::is_directory(source.path) && !source.raw) {
