@@ -77,21 +77,25 @@ class PositionTable {
 // Takes the cut cells of a scan and hands their objects and positions to the caller's receiver.
 template <typename Positions> class CellDelivery {
   public:
-    CellDelivery(GLObjectList const& objects, GLtVec3<Positions> const& positions, IPolygonAggregator& aggregator)
-        : _slots(&*objects.begin()), _positions(positions), _aggregator(aggregator) {}
+    // The positions are those along x, y and z; they are not copied.
+    CellDelivery(GLObjectList const& objects, Positions const& x, Positions const& y, Positions const& z,
+                 IPolygonAggregator& aggregator)
+        : _slots(&*objects.begin()), _xPositions(x), _yPositions(y), _zPositions(z), _aggregator(aggregator) {}
 
     void beginColumn(std::int64_t x, std::int64_t y) {
-        _x = _positions.x(x);
-        _y = _positions.y(y);
+        _x = _xPositions(x);
+        _y = _yPositions(y);
     }
 
     void takeCell(unsigned char configuration, std::int64_t z) {
-        _aggregator.fetch(*_slots[configuration], GLCoord3f(_x, _y, _positions.z(z)));
+        _aggregator.fetch(*_slots[configuration], GLCoord3f(_x, _y, _zPositions(z)));
     }
 
   private:
     GLObject* const* _slots;
-    GLtVec3<Positions> const& _positions;
+    Positions const& _xPositions;
+    Positions const& _yPositions;
+    Positions const& _zPositions;
     IPolygonAggregator& _aggregator;
     float _x = 0.0F;
     float _y = 0.0F;
@@ -100,14 +104,14 @@ template <typename Positions> class CellDelivery {
 void scanCells(scan::SampleGrid const& grid, GLtVec3<AxisPositions> const& positions, GLObjectList const& objects,
                IPolygonAggregator& aggregator) {
     if (scan::SmallScan::fits(grid)) {
-        GLtVec3<PositionTable> const tables = {PositionTable(positions.x, grid.count.x),
-                                               PositionTable(positions.y, grid.count.y),
-                                               PositionTable(positions.z, grid.count.z)};
-        CellDelivery<PositionTable> delivery(objects, tables, aggregator);
+        PositionTable const x(positions.x, grid.count.x);
+        PositionTable const y(positions.y, grid.count.y);
+        PositionTable const z(positions.z, grid.count.z);
+        CellDelivery<PositionTable> delivery(objects, x, y, z, aggregator);
         scan::SmallScan(grid).handTo(delivery);
         return;
     }
-    CellDelivery<AxisPositions> delivery(objects, positions, aggregator);
+    CellDelivery<AxisPositions> delivery(objects, positions.x, positions.y, positions.z, aggregator);
     scan::ReadPlan const plan = scan::makeReadPlan(grid);
     scan::WorkSpace space(grid, plan);
     if (space.isTaken() && scan::CellScan::suits(grid)) {
