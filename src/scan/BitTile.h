@@ -6,7 +6,7 @@
 
 namespace tamo::scan {
 
-/// 64 samples or cells as bits: 8 lanes along one axis of the volume, one a byte, by 8 planes along z, one a bit.
+/// 64 samples or cells as bits: 8 lanes along one axis of the volume, one per byte, by 8 planes along z, one per bit.
 ///
 /// Lane i is byte i counted from the least significant, plane j its bit j, on every machine.
 using BitTile = std::uint64_t;

@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <limits>
 
-// All constants here were tuned with scripts/bench on volumes of 256 and 512 voxels a side, one byte a voxel, on a
+// All constants here were tuned with scripts/bench on volumes of 256 and 512 voxels a side, one byte per voxel, on a
 // processor with 48 KiB of first and 1 MiB of second-level cache per core. They are counted in bytes of memory, not in
 // samples, so that they hold for steps and spread samples as well.
 
