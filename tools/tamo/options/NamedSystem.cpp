@@ -37,6 +37,7 @@ std::string upperCase(std::string text) {
 
 std::string systemNames() {
     std::vector<std::string> names;
+    names.reserve(kSystems.size());
     for (Entry const& system : kSystems) {
         std::string const alias = system.alias;
         names.push_back(system.name + (alias.empty() ? "" : " (or " + alias + ")"));

@@ -21,6 +21,7 @@ template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
 
 std::string typeNames() {
     std::vector<std::string> names;
+    names.reserve(kScalarTypes.size());
     for (ScalarType const& type : kScalarTypes) {
         names.emplace_back(type.name);
     }
