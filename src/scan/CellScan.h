@@ -21,7 +21,7 @@ class CellScan {
         : _count(grid.count), _walk(grid, plan, space.ring()), _space(space) {}
 
     /// Returns whether this is the way to scan a grid: not along a stick of few samples along x and z, whose tiles hold
-    /// little but padding. With noise in 3 x 3000 x 3 samples `PlainScan` is twice as fast.
+    /// little but padding. With noise in 3 x 3000 x 3 samples `PlainScan` takes 0.6 of the time.
     [[nodiscard]] static bool suits(SampleGrid const& grid) {
         constexpr std::int64_t kThick = 5;
         return grid.count.x >= kThick || grid.count.z >= kThick;
