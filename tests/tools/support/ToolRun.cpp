@@ -120,16 +120,3 @@ ToolRun runToolOnTerminal(std::vector<std::string> const& arguments, std::string
 bool isInputRefusal(ToolRun const& run, std::string const& name) { return run.status == 1 && isOneLine(run, name); }
 
 bool isUsageRefusal(ToolRun const& run, std::string const& name) { return run.status == 2 && isOneLine(run, name); }
-
-TemporaryFolder::TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "tamo-test-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error("no temporary folder");
-    }
-    _path = name;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(_path, ignored);
-}

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "support/files/TemporaryFolder.h"
+
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -33,18 +35,3 @@ bool isInputRefusal(ToolRun const& run, std::string const& name);
 
 /// Returns whether a run ended likewise, but with status 2: the command line alone was wrong.
 bool isUsageRefusal(ToolRun const& run, std::string const& name);
-
-/// Makes an empty folder for the running test and removes it at the end.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(TemporaryFolder const&) = delete;
-    TemporaryFolder& operator=(TemporaryFolder const&) = delete;
-
-    [[nodiscard]] std::filesystem::path operator/(std::string const& name) const { return _path / name; }
-    [[nodiscard]] std::filesystem::path const& path() const { return _path; }
-
-  private:
-    std::filesystem::path _path;
-};

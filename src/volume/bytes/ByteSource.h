@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+namespace tamo::volume {
+
+/// The bytes of voxels in the order in which they stand, whatever they are packed in.
+class ByteSource {
+  public:
+    virtual ~ByteSource() = default;
+    ByteSource() = default;
+    ByteSource(ByteSource const&) = delete;
+    ByteSource& operator=(ByteSource const&) = delete;
+
+    /// Writes the next `bytes` bytes to `target`; returns false where the source is damaged or ends before.
+    [[nodiscard]] virtual bool read(unsigned char* target, std::uint64_t bytes) = 0;
+    /// Leaves out the next `bytes` bytes; returns false likewise. Costs nothing where the bytes are not packed.
+    [[nodiscard]] virtual bool skip(std::uint64_t bytes) = 0;
+    /// Reads on to the end of what is packed and to its check sum; returns whether they are as they should be.
+    [[nodiscard]] virtual bool finish() = 0;
+};
+
+/// How bytes are packed.
+enum class Packing {
+    None,
+    /// zlib or gzip; a gzip file may consist of several streams, one after another.
+    Gzip,
+    Bzip2,
+    /// Two hexadecimal digits per byte, blanks between them.
+    Hex,
+};
+
+/// Opens the bytes of a file from byte `start` of the file on. A file that cannot be read has no bytes.
+std::unique_ptr<ByteSource> openBytes(std::filesystem::path const& path, std::uint64_t start, Packing packing);
+
+} // namespace tamo::volume

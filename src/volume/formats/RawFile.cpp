@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "../Error.h"
+#include "../bytes/VoxelRows.h"
+#include "VolumeFormats.h"
+
+namespace tamo::volume {
+
+namespace {
+
+class RawFile : public VolumeFile {
+  public:
+    RawFile(std::filesystem::path const& path, VolumeHeader header, RawLayout const& layout)
+        : VolumeFile(path, std::move(header)), _layout(layout) {}
+
+  private:
+    void readVoxels(Box const& box, unsigned char* target, Progress const& progress) const override {
+        auto const source = openBytes(path(), _layout.headerBytes, Packing::None);
+        if (!readBox(*source, {_layout.size, _layout.type, _layout.isBigEndian}, box, target, progress)) {
+            throw Error(path(), "expected all voxels of the box; the file cannot be read to its end");
+        }
+    }
+
+    RawLayout _layout;
+};
+
+} // namespace
+
+std::unique_ptr<VolumeFile> openRaw(VolumeSource const& source, Progress const&) {
+    RawLayout const& layout = source.raw.value();
+    if (!isCountable(layout.size)) {
+        throw Error(source.path, "expected a volume of less than 2^60 voxels, found " + text(layout.size, " x "));
+    }
+    // A file that is longer is as suspicious as one that is shorter: the numbers given are not those of the file.
+    std::uint64_t const expected = layout.headerBytes + static_cast<std::uint64_t>(voxelCount(layout.size)) *
+                                                            static_cast<std::uint64_t>(bytesOf(layout.type));
+    std::uint64_t const found = std::filesystem::file_size(source.path);
+    if (found != expected) {
+        throw Error(source.path, "expected " + std::to_string(expected) +
+                                     " bytes (--header, and --dims voxels of --type), found " + std::to_string(found));
+    }
+    VolumeHeader header;
+    header.format = "raw";
+    header.type = layout.type;
+    header.size = layout.size;
+    return std::make_unique<RawFile>(source.path, std::move(header), layout);
+}
+
+} // namespace tamo::volume

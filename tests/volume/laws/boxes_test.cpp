@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "support/files/TemporaryFolder.h"
+#include "volume/support/TestFormats.h"
+#include "volume/support/readWhole.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+using tamo::volume::Box;
+using tamo::volume::Volume;
+
+class BoxOfFile : public testing::TestWithParam<TestFormat> {};
+
+TEST_P(BoxOfFile, HoldsTheVoxelsOfTheWhole) {
+    TemporaryFolder const folder;
+    GetParam().write(makePhantom(13, 11, 7), folder.path());
+    auto const file = tamo::volume::openVolume({folder / GetParam().fileName, {}, {}, {}, {}, {}, {}}, {});
+    Volume const whole = file->read(tamo::volume::wholeOf({13, 11, 7}), {});
+    std::vector<Box> const boxes{{{0, 0, 0}, {0, 0, 0}},
+                                 {{12, 10, 6}, {12, 10, 6}},
+                                 {{2, 0, 1}, {9, 10, 5}},
+                                 {{0, 3, 0}, {12, 7, 6}},
+                                 {{1, 2, 3}, {11, 8, 4}}};
+    for (Box const& box : boxes) {
+        SCOPED_TRACE(tamo::volume::text(box.first, ",") + " to " + tamo::volume::text(box.last, ","));
+        Volume const part = file->read(box, {});
+        EXPECT_EQ(part.size(), box.sides());
+        for (std::int64_t z = box.first[2]; z <= box.last[2]; ++z) {
+            for (std::int64_t y = box.first[1]; y <= box.last[1]; ++y) {
+                for (std::int64_t x = box.first[0]; x <= box.last[0]; ++x) {
+                    ASSERT_EQ(valueAt(part, x - box.first[0], y - box.first[1], z - box.first[2]),
+                              valueAt(whole, x, y, z));
+                }
+            }
+        }
+    }
+}
+
+TEST_P(BoxOfFile, BeginsWhereItsFirstVoxelLies) {
+    TemporaryFolder const folder;
+    GetParam().write(makePhantom(13, 11, 7), folder.path());
+    auto const file = tamo::volume::openVolume({folder / GetParam().fileName, {}, {}, {}, {}, {}, {}}, {});
+    Volume const part = file->read({{1, 2, 3}, {11, 8, 4}}, {});
+    EXPECT_EQ(part.origin(), file->header().geometry.position({1, 2, 3}));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, BoxOfFile, testing::ValuesIn(testFormats()),
+                         [](auto const& instance) { return instance.param.name; });
+
+} // namespace
