@@ -3,6 +3,7 @@
 #include "VoxelRows.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace tamo::volume {
 
@@ -31,34 +32,68 @@ bool readSlice(ByteSource& source, VoxelRows const& rows, Box const& box, unsign
     return true;
 }
 
+// Reads as many whole slices at a time as make a large read that still fits into a cache.
+std::int64_t slicesAtATime(VoxelRows const& rows, Box const& box) {
+    constexpr std::int64_t kBytes = 1 << 18;
+    Size3 const sides = box.sides();
+    bool const isWholeSlices = sides[0] == rows.size[0] && sides[1] == rows.size[1];
+    return isWholeSlices ? 1 + kBytes / (sides[0] * sides[1] * bytesOf(rows.type)) : 1;
+}
+
+template <typename Word, typename Swap> void swapBytes(unsigned char* data, std::uint64_t count, Swap&& swap) {
+    for (std::uint64_t i = 0; i < count; ++i) {
+        Word word;
+        std::memcpy(&word, data + i * sizeof(Word), sizeof(Word));
+        word = swap(word);
+        std::memcpy(data + i * sizeof(Word), &word, sizeof(Word));
+    }
+}
+
 } // namespace
 
 bool readBox(ByteSource& source, VoxelRows const& rows, Box const& box, unsigned char* target,
              Progress const& progress) {
     Size3 const sides = box.sides();
     auto const voxel = static_cast<std::uint64_t>(bytesOf(rows.type));
-    std::uint64_t const sliceVoxels =
-        static_cast<std::uint64_t>(rows.size[0]) * static_cast<std::uint64_t>(rows.size[1]);
-    std::uint64_t const boxSliceVoxels = static_cast<std::uint64_t>(sides[0]) * static_cast<std::uint64_t>(sides[1]);
-    if (!source.skip(static_cast<std::uint64_t>(box.first[2]) * sliceVoxels * voxel)) {
+    auto const bytes = [voxel](std::int64_t voxels) { return static_cast<std::uint64_t>(voxels) * voxel; };
+    if (!source.skip(bytes(box.first[2] * rows.size[0] * rows.size[1]))) {
         return false;
     }
     bool const isForeign = voxel > 1 && rows.isBigEndian != isBigEndianMachine();
-    for (std::int64_t z = 0; z < sides[2]; ++z, target += boxSliceVoxels * voxel) {
-        if (!readSlice(source, rows, box, target)) {
+    std::int64_t const most = slicesAtATime(rows, box);
+    for (std::int64_t z = 0; z < sides[2];) {
+        std::int64_t const slices = std::min(most, sides[2] - z);
+        std::int64_t const voxels = slices * sides[0] * sides[1];
+        if (!(most > 1 ? source.read(target, bytes(voxels)) : readSlice(source, rows, box, target))) {
             return false;
         }
         if (isForeign) {
-            reverseScalars(target, boxSliceVoxels, static_cast<int>(voxel));
+            reverseScalars(target, static_cast<std::uint64_t>(voxels), static_cast<int>(voxel));
         }
-        report(progress, static_cast<double>(z + 1) / static_cast<double>(sides[2]));
+        target += bytes(voxels);
+        z += slices;
+        report(progress, static_cast<double>(z) / static_cast<double>(sides[2]));
     }
     return true;
 }
 
 void reverseScalars(unsigned char* data, std::uint64_t count, int scalarBytes) {
-    for (std::uint64_t i = 0; i < count; ++i, data += scalarBytes) {
-        std::reverse(data, data + scalarBytes);
+    switch (scalarBytes) {
+    case 1:
+        break;
+    case 2:
+        swapBytes<std::uint16_t>(data, count, [](std::uint16_t word) { return __builtin_bswap16(word); });
+        break;
+    case 4:
+        swapBytes<std::uint32_t>(data, count, [](std::uint32_t word) { return __builtin_bswap32(word); });
+        break;
+    case 8:
+        swapBytes<std::uint64_t>(data, count, [](std::uint64_t word) { return __builtin_bswap64(word); });
+        break;
+    default:
+        for (std::uint64_t i = 0; i < count; ++i, data += scalarBytes) {
+            std::reverse(data, data + scalarBytes);
+        }
     }
 }
 
