@@ -3,14 +3,9 @@
 #include "TextVoxels.h"
 
 #include "FileBytes.h"
+#include "parseNumber.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <cstring>
-#include <locale>
-#include <sstream>
-#include <string>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -84,34 +79,6 @@ class Words {
     bool _isAtEnd = false;
 };
 
-// Reads the rare number that is too small for its type; false for one that is too large.
-template <typename T> bool parseExtreme(std::string_view word, T& value) {
-    std::istringstream stream{std::string(word)};
-    stream.imbue(std::locale::classic());
-    return static_cast<bool>(stream >> value);
-}
-
-// Reads a number of the type T from the whole of `word`; false where it is none, or none that T holds.
-template <typename T> bool parse(std::string_view word, T& value) {
-    if (word.size() > 1 && word[0] == '+' && word[1] != '-') {
-        word.remove_prefix(1);
-    }
-    char const* const end = word.data() + word.size();
-    auto const result = std::from_chars(word.data(), end, value);
-    if (result.ptr != end || word.empty()) {
-        return false;
-    }
-    if constexpr (std::is_floating_point_v<T>) {
-        if (result.ec == std::errc::result_out_of_range) {
-            return parseExtreme(word, value);
-        }
-        bool const isNamed = word.find_first_of("nN") != std::string_view::npos;
-        return result.ec == std::errc() && (std::isfinite(value) || isNamed);
-    } else {
-        return result.ec == std::errc();
-    }
-}
-
 template <typename T>
 bool readNumbers(Words& words, Size3 const& size, Box const& box, unsigned char* target, Progress const& progress) {
     for (std::int64_t z = 0; z < size[2]; ++z) {
@@ -119,7 +86,7 @@ bool readNumbers(Words& words, Size3 const& size, Box const& box, unsigned char*
             bool const isRowInside = z >= box.first[2] && z <= box.last[2] && y >= box.first[1] && y <= box.last[1];
             for (std::int64_t x = 0; x < size[0]; ++x) {
                 T value{};
-                if (!parse(words.next(), value)) {
+                if (!parseNumber(words.next(), value)) {
                     return false;
                 }
                 if (isRowInside && x >= box.first[0] && x <= box.last[0]) {

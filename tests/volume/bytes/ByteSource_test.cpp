@@ -4,35 +4,18 @@
 
 #include "support/files/TemporaryFolder.h"
 #include "support/files/fileContent.h"
+#include "volume/support/packed.h"
 
 #include <gtest/gtest.h>
-
-#include <bzlib.h>
-#include <zlib.h>
 
 namespace {
 
 using tamo::volume::Packing;
 
-std::string gzipped(std::string const& bytes) {
-    uLongf length = compressBound(bytes.size());
-    std::string packed(length, '\0');
-    compress2(reinterpret_cast<Bytef*>(packed.data()), &length, reinterpret_cast<Bytef const*>(bytes.data()),
-              bytes.size(), Z_BEST_COMPRESSION);
-    return packed.substr(0, length);
-}
-
-std::string bzipped(std::string bytes) {
-    std::string packed(bytes.size() / 10 + 600, '\0');
-    auto length = static_cast<unsigned int>(packed.size());
-    BZ2_bzBuffToBuffCompress(packed.data(), &length, bytes.data(), static_cast<unsigned int>(bytes.size()), 9, 0, 0);
-    return packed.substr(0, length);
-}
-
 TEST(ByteSource, GivesTheBytesOfEveryPacking) {
     TemporaryFolder const folder;
     for (auto const& [packing, text] : {std::pair(Packing::None, std::string("abc")),
-                                        {Packing::Gzip, gzipped("abc")},
+                                        {Packing::Gzip, zlibbed("abc")},
                                         {Packing::Bzip2, bzipped("abc")},
                                         {Packing::Hex, "616263"}}) {
         writeFile(folder / "a", "head" + text);
@@ -48,7 +31,7 @@ TEST(ByteSource, GivesTheBytesOfEveryPacking) {
 TEST(ByteSource, HoldsNoMoreThanItsPackingAllows) {
     // Nothing packs better than zeros.
     std::string const zeros(std::size_t{1} << 27U, '\0');
-    EXPECT_LE(zeros.size(), mostUnpackedBytes(Packing::Gzip, gzipped(zeros).size()));
+    EXPECT_LE(zeros.size(), mostUnpackedBytes(Packing::Gzip, zlibbed(zeros).size()));
     EXPECT_LE(zeros.size(), mostUnpackedBytes(Packing::Bzip2, bzipped(zeros).size()));
     EXPECT_EQ(mostUnpackedBytes(Packing::None, 7), 7);
     EXPECT_EQ(mostUnpackedBytes(Packing::Hex, 7), 3);

@@ -4,30 +4,11 @@
 
 #include "support/files/TemporaryFolder.h"
 #include "support/files/fileContent.h"
+#include "volume/support/packed.h"
 
 #include <gtest/gtest.h>
 
-#include <bzlib.h>
-
 namespace {
-
-// Many bytes that do not pack well.
-std::string noise(std::size_t count) {
-    std::string bytes;
-    std::uint32_t state = 1;
-    while (bytes.size() < count) {
-        state = state * 1664525U + 1013904223U;
-        bytes += static_cast<char>(state >> 24U);
-    }
-    return bytes;
-}
-
-std::string bzipped(std::string bytes) {
-    std::string packed(bytes.size() * 2 + 600, '\0');
-    auto length = static_cast<unsigned int>(packed.size());
-    BZ2_bzBuffToBuffCompress(packed.data(), &length, bytes.data(), static_cast<unsigned int>(bytes.size()), 1, 0, 0);
-    return packed.substr(0, length);
-}
 
 std::string expanded(std::filesystem::path const& path, std::size_t skipped, std::size_t bytes, bool& isWhole) {
     tamo::volume::Bzip2Bytes source(path, 0);
