@@ -43,11 +43,11 @@ ScalarType scalarType(HeaderText const& header) {
     if (bits != kScalarTypes.end()) {
         return bits->type;
     }
-    if (hasEnding(" int") && name != "unsigned int") {
-        name.resize(name.size() - 4);
-    }
     if (name.compare(0, 7, "signed ") == 0 && name != "signed char") {
         name.erase(0, 7);
+    }
+    if (hasEnding(" int") && name != "unsigned int") {
+        name.resize(name.size() - 4);
     }
     auto const type = kTypes.find(name);
     if (type == kTypes.end()) {
