@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 #include <unordered_map>
 
 namespace tamo::volume {
@@ -145,8 +146,15 @@ class PairCounter {
     template <typename T> void add(T a, T b) {
         ++_pairs;
         _equal += static_cast<std::uint64_t>(a == b);
-        // The smaller from the larger: the difference of unsigned numbers is not negative.
-        _oneApart += static_cast<std::uint64_t>((a < b ? b - a : a - b) == 1);
+        if constexpr (std::is_integral_v<T>) {
+            // As unsigned numbers, whose difference does not overflow.
+            using U = std::make_unsigned_t<T>;
+            U const apart =
+                static_cast<U>(a < b ? static_cast<U>(b) - static_cast<U>(a) : static_cast<U>(a) - static_cast<U>(b));
+            _oneApart += static_cast<std::uint64_t>(apart == 1);
+        } else {
+            _oneApart += static_cast<std::uint64_t>(std::abs(a - b) == 1);
+        }
     }
 
     [[nodiscard]] NeighbourShares shares() const {

@@ -9,6 +9,13 @@
 #include <filesystem>
 #include <string>
 
+/// Returns the source that is a file or folder, and nothing more.
+inline tamo::volume::VolumeSource sourceOf(std::filesystem::path const& path) {
+    tamo::volume::VolumeSource source;
+    source.path = path;
+    return source;
+}
+
 /// Opens a source and reads all of it.
 inline tamo::volume::Volume readWhole(tamo::volume::VolumeSource const& source) {
     auto const file = tamo::volume::openVolume(source, {});
@@ -16,9 +23,7 @@ inline tamo::volume::Volume readWhole(tamo::volume::VolumeSource const& source) 
 }
 
 inline tamo::volume::Volume readWhole(std::filesystem::path const& path) {
-    tamo::volume::VolumeSource source;
-    source.path = path;
-    return readWhole(source);
+    return readWhole(sourceOf(path));
 }
 
 /// Returns a voxel's stored value, its indices counted within the box that was read.
@@ -39,7 +44,5 @@ inline std::string refusalOf(tamo::volume::VolumeSource const& source) {
 }
 
 inline std::string refusalOf(std::filesystem::path const& path) {
-    tamo::volume::VolumeSource source;
-    source.path = path;
-    return refusalOf(source);
+    return refusalOf(sourceOf(path));
 }

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include <string>
+
 namespace tamo::tool {
 
-/// A range of voxel values, both ends included.
-struct ValueRange {
-    double min;
-    double max;
-};
+/// Returns a number as people write it: whole numbers in full, others with nine digits.
+std::string numberText(double value);
 
 } // namespace tamo::tool

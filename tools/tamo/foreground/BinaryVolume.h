@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../terminal/Progress.h"
-#include "Box.h"
-#include "ValueRange.h"
-#include "Volume.h"
+#include "Foreground.h"
+
+#include "volume/Progress.h"
+#include "volume/Volume.h"
 
 #include <tamo/geometry/GLtVec3.h>
 
@@ -19,22 +19,22 @@ namespace tamo::tool {
 /// z.
 struct BinaryVolume {
     std::vector<unsigned char> voxels;
-    /// Where in the volume the box begins.
-    Size3 first{};
-    /// The sides of the box.
-    Size3 size{};
+    /// The part of the file that the box is.
+    volume::Box box;
     std::uint64_t foreground = 0;
 
+    /// Returns the sides of the box, as a scan takes them.
+    [[nodiscard]] GLtVec3<int> extent() const;
     /// Returns the address distances between neighbouring voxels, as a scan takes them.
-    [[nodiscard]] GLtVec3<int> increments() const { return {1, size[0], size[0] * size[1]}; }
+    [[nodiscard]] GLtVec3<int> increments() const;
 };
 
-/// Calls `visit` with the first and the last foreground voxel of every row that has one, in voxels of the whole volume:
+/// Calls `visit` with the first and the last foreground voxel of every row that has one, in voxels of the whole file:
 /// what lies furthest out, in whatever direction, is among them.
 void visitRowEnds(BinaryVolume const& binary, std::function<void(Vector3 const&)> const& visit);
 
-/// Marks the voxels of `box` whose value lies in `range`, ends included; NaN is background.
-/// The box's slices must not have more than 2^31 - 1 voxels.
-BinaryVolume makeBinaryVolume(Volume const& volume, ValueRange range, Box const& box, Progress& progress);
+/// Marks the voxels of a volume whose values are foreground. No side, and no slice, may have more than 2^31 - 1 voxels.
+BinaryVolume makeBinaryVolume(volume::Volume const& source, Foreground const& foreground,
+                              volume::Progress const& progress);
 
 } // namespace tamo::tool
