@@ -124,7 +124,7 @@ template <typename T> class Gatherer {
 void scale(VoxelStatistics& statistics, VolumeHeader const& header) {
     auto const scaled = [&header](double stored) { return header.slope * stored + header.intercept; };
     if (statistics.range) {
-        auto const [min, max] = std::minmax(scaled(statistics.range->min), scaled(statistics.range->max));
+        auto const [min, max] = std::minmax({scaled(statistics.range->min), scaled(statistics.range->max)});
         statistics.range = {min, max};
     }
     if (header.slope < 0) {

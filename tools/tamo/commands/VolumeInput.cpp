@@ -22,7 +22,7 @@ volume::Volume readInput(volume::VolumeFile const& file, volume::Box const& box)
 }
 
 volume::VoxelStatistics lookThrough(volume::Volume const& volume) {
-    Progress progress("counting");
+    Progress progress("values");
     return computeStatistics(volume, progress.callback());
 }
 
