@@ -22,9 +22,7 @@ inline tamo::volume::Volume readWhole(tamo::volume::VolumeSource const& source) 
     return file->read(tamo::volume::wholeOf(file->header().size), {});
 }
 
-inline tamo::volume::Volume readWhole(std::filesystem::path const& path) {
-    return readWhole(sourceOf(path));
-}
+inline tamo::volume::Volume readWhole(std::filesystem::path const& path) { return readWhole(sourceOf(path)); }
 
 /// Returns a voxel's stored value, its indices counted within the box that was read.
 inline double valueAt(tamo::volume::Volume const& volume, std::int64_t x, std::int64_t y, std::int64_t z) {
@@ -43,6 +41,4 @@ inline std::string refusalOf(tamo::volume::VolumeSource const& source) {
     return {};
 }
 
-inline std::string refusalOf(std::filesystem::path const& path) {
-    return refusalOf(sourceOf(path));
-}
+inline std::string refusalOf(std::filesystem::path const& path) { return refusalOf(sourceOf(path)); }
