@@ -30,9 +30,8 @@ template <typename T> class TableCounter {
     }
 
   private:
-    static std::size_t index(T value) {
-        return static_cast<std::size_t>(static_cast<int>(value) - std::numeric_limits<T>::min());
-    }
+    // Negative numbers stand behind the others.
+    static std::size_t index(T value) { return static_cast<std::make_unsigned_t<T>>(value); }
 
     std::vector<std::uint64_t> _counts = std::vector<std::uint64_t>(std::size_t{1} << (8 * sizeof(T)));
 };
