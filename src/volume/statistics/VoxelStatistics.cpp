@@ -21,9 +21,9 @@ template <typename T> class TableCounter {
 
     [[nodiscard]] std::optional<std::vector<ValueCount>> counts() const {
         std::vector<ValueCount> counts;
-        for (int value = std::numeric_limits<T>::min(); value <= std::numeric_limits<T>::max(); ++value) {
-            if (std::uint64_t const voxels = _counts[index(static_cast<T>(value))]; voxels > 0) {
-                counts.push_back({static_cast<double>(value), voxels});
+        for (std::size_t i = 0; i < _counts.size(); ++i) {
+            if (_counts[i] > 0) {
+                counts.push_back({static_cast<double>(static_cast<T>(i)), _counts[i]});
             }
         }
         return counts;
