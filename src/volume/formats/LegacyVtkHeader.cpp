@@ -257,7 +257,7 @@ class Parser {
         volume.type = *chosen->type->type;
         volume.format = std::string("VTK legacy, ") + (_header.isText ? "ASCII" : "binary");
         if (_arrays.size() > 1) {
-            volume.notes.push_back(std::to_string(_arrays.size() - 1) + " more arrays of the points were left out");
+            volume.notes.push_back("of " + std::to_string(_arrays.size()) + " arrays of the points only one is read");
         }
         volume.geometry.origin =
             volume.geometry.position({static_cast<double>(_firstIndex[0]), static_cast<double>(_firstIndex[1]),

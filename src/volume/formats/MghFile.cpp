@@ -130,8 +130,8 @@ bool setStatedGeometry(VolumeHeader& header, Fields const& fields) {
     return true;
 }
 
-// For files that state no geometry the format itself names one: coronal slices of 1 mm about the origin. All its
-// readers take that, so it is taken here, as an assumption that --spacing and --orientation replace.
+// For files that state no geometry the format itself names one, that of its own program: coronal slices of 1 mm about
+// the origin, x to the left, y down, z to the front. Taken as an assumption, which --spacing and --orientation replace.
 void setDefaultGeometry(VolumeHeader& header) {
     header.geometry.axes = {{{1, 0, 0}, {0, 0, -1}, {0, -1, 0}}};
     setOrigin(header, {0, 0, 0});
