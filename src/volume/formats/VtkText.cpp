@@ -52,8 +52,7 @@ std::string VtkText::line() {
     return text;
 }
 
-std::string VtkText::keyword() {
-    std::string text = word();
+std::string VtkText::lowerCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); });
     return text;

@@ -24,7 +24,9 @@ class VtkText {
     /// Returns the rest of the line, and stands behind its end; long ones are cut.
     std::string line();
     /// Returns the next word in small letters.
-    std::string keyword();
+    std::string keyword() { return lowerCase(word()); }
+    /// Returns a text in small letters, those of ASCII alone.
+    static std::string lowerCase(std::string text);
     /// Returns the next word as a whole number of at least `least`, or as a finite number. Throws `Error` for others.
     std::int64_t whole(std::int64_t least);
     double number();
