@@ -38,7 +38,7 @@ fs::path partnerOf(fs::path const& path, std::string const& ending) {
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     for (std::string const& last : {packed, std::string(), std::string(".gz"), std::string(".GZ")}) {
         for (std::string const& middle : {ending, capitals}) {
-            fs::path const candidate = path.parent_path() / (stem + middle + last);
+            fs::path candidate = path.parent_path() / (stem + middle + last);
             if (fs::is_regular_file(candidate)) {
                 return candidate;
             }

@@ -70,7 +70,7 @@ nifti_2_header widened(nifti_1_header const& narrow, std::int64_t voxelStart) {
     wide.vox_offset = voxelStart;
     wide.scl_slope = narrow.scl_slope;
     wide.scl_inter = narrow.scl_inter;
-    wide.xyzt_units = narrow.xyzt_units;
+    wide.xyzt_units = static_cast<unsigned char>(narrow.xyzt_units);
     wide.intent_code = narrow.intent_code;
     wide.qform_code = narrow.qform_code;
     wide.sform_code = narrow.sform_code;
@@ -259,9 +259,8 @@ NiftiHeader readNiftiHeader(fs::path const& path, Packing packing) {
     if (!header.isSingleFile && !source->finish()) {
         throw Error(path, "expected a complete compressed file; it is damaged or truncated");
     }
-    std::int64_t const least = !header.isSingleFile ? 0
-                               : raw.version == 2   ? sizeof(nifti_2_header)
-                                                    : sizeof(nifti_1_header);
+    std::size_t const headerBytes = raw.version == 2 ? sizeof(nifti_2_header) : sizeof(nifti_1_header);
+    std::int64_t const least = header.isSingleFile ? static_cast<std::int64_t>(headerBytes) : 0;
     if (raw.fields.vox_offset < least) {
         throw Error(path, "expected a vox_offset of at least " + std::to_string(least) + ", found " +
                               std::to_string(raw.fields.vox_offset));

@@ -41,13 +41,13 @@ constexpr std::array<Dtype, 12> kDtypes{{{"b1", ScalarType::UInt8},
 
 // Returns a number of 16 bits: a sign, 5 bits of exponent, 10 of fraction (IEEE 754, binary16).
 float halfValue(std::uint16_t bits) {
-    int const exponent = bits >> 10U & 0x1FU;
-    int const fraction = bits & 0x3FFU;
+    int const exponent = bits >> 10 & 0x1F;
+    int const fraction = bits & 0x3FF;
     constexpr int kBias = 25;
     float const magnitude = exponent == 31  ? (fraction == 0 ? INFINITY : NAN)
                             : exponent == 0 ? std::ldexp(static_cast<float>(fraction), 1 - kBias)
                                             : std::ldexp(static_cast<float>(fraction + 1024), exponent - kBias);
-    return (bits & 0x8000U) != 0 ? -magnitude : magnitude;
+    return (bits & 0x8000) != 0 ? -magnitude : magnitude;
 }
 
 // Turns `count` halves, which fill the second half of the target, into floats that fill all of it.

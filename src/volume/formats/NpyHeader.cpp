@@ -168,7 +168,10 @@ NpyHeader readNpyHeader(std::filesystem::path const& path) {
     std::array<unsigned char, 4> length{};
     std::size_t const lengthBytes = version == 1 ? 2 : 4;
     bool isRead = source->read(length.data(), lengthBytes);
-    std::uint64_t const bytes = length[0] | length[1] << 8U | length[2] << 16U | std::uint64_t{length[3]} << 24U;
+    std::uint64_t bytes = 0;
+    for (std::size_t i = 0; i < lengthBytes; ++i) {
+        bytes |= std::uint64_t{length[i]} << 8 * i;
+    }
     if (bytes > kMostHeaderBytes) {
         throw Error(path, "expected a NumPy header of at most " + std::to_string(kMostHeaderBytes) +
                               " bytes, as that of an array of numbers is, found " + std::to_string(bytes));
