@@ -17,7 +17,7 @@ using tamo::volume::Volume;
 using tamo::volume::VolumeSource;
 
 // 2 x 2 x 2 numbers of 16 bits from 100 on.
-std::string voxels(int count = 8) {
+std::string voxels(std::int16_t count = 8) {
     std::string bytes;
     for (std::int16_t i = 0; i < count; ++i) {
         bytes += numberBytes(static_cast<std::int16_t>(100 + i));

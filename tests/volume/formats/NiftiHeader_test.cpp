@@ -121,10 +121,14 @@ TEST_F(NiftiHeaders, CountTheProductOfFurtherDimensionsAsFrames) {
 }
 
 TEST_F(NiftiHeaders, AreRefusedWithSidesThatAreNone) {
+    struct Side {
+        int index;
+        std::int64_t length;
+    };
     for (int const version : {0, 1, 2}) {
-        for (auto const& [index, side] :
-             std::initializer_list<std::pair<int, int>>{{0, 0}, {0, 8}, {0, -1}, {1, 0}, {3, -4}, {0, 4}}) {
-            EXPECT_NE(refusal(version, [&](NiftiBytes& bytes) { bytes.setDimension(index, side); }), "") << index;
+        for (Side const& side : {Side{0, 0}, {0, 8}, {0, -1}, {1, 0}, {3, -4}, {0, 4}}) {
+            auto const set = [&](NiftiBytes& bytes) { bytes.setDimension(side.index, side.length); };
+            EXPECT_NE(refusal(version, set), "") << side.index << " " << side.length;
         }
     }
     EXPECT_NE(refusal(2, [](NiftiBytes& bytes) { bytes.setDimension(1, INT64_MAX); }), "");

@@ -121,7 +121,7 @@ TEST(NpyFile, HasTheFirstOfFourAxesAsFrame) {
 
 TEST(NpyFile, EndsWithItsArray) {
     TemporaryFolder const folder;
-    for (std::size_t const bytes : {0, 15, 17}) {
+    for (std::size_t const bytes : {0U, 15U, 17U}) {
         writeFile(folder / "a.npy", npyFile("<i2", /*isFortranOrder=*/false, "(2, 2, 2)", std::string(bytes, 'x')));
         EXPECT_NE(refusalOf(folder / "a.npy"), "") << bytes;
     }

@@ -66,10 +66,10 @@ TEST(StoredFile, NeedsAFileLongEnoughForAllFrames) {
 TEST(StoredFile, NeedsAPackedFileThatCanExpandToAllFrames) {
     TemporaryFolder const folder;
     // Nothing packs better than zeros, which come within a few bytes of what can be.
-    constexpr std::size_t kSide = 400;
+    constexpr std::size_t kSide = 100;
     writeFile(folder / "a.gz", gzipped(std::string(kSide * kSide * kSide + 1, '\0')));
     StoredVoxels voxels{
-        folder / "a.gz", Packing::Gzip, 1, {{400, 400, 400}, tamo::volume::ScalarType::UInt8, false}, 1};
+        folder / "a.gz", Packing::Gzip, 1, {{100, 100, 100}, tamo::volume::ScalarType::UInt8, false}, 1};
     EXPECT_EQ(bytesBehind(voxels), 0);
     voxels.frames = 100;
     EXPECT_THROW(static_cast<void>(bytesBehind(voxels)), tamo::volume::Error);
