@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 #include <unordered_map>
 
 namespace tamo::volume {
@@ -20,18 +21,17 @@ template <typename T> class TableCounter {
 
     [[nodiscard]] std::optional<std::vector<ValueCount>> counts() const {
         std::vector<ValueCount> counts;
-        for (int value = std::numeric_limits<T>::min(); value <= std::numeric_limits<T>::max(); ++value) {
-            if (std::uint64_t const voxels = _counts[index(static_cast<T>(value))]; voxels > 0) {
-                counts.push_back({static_cast<double>(value), voxels});
+        for (std::size_t i = 0; i < _counts.size(); ++i) {
+            if (_counts[i] > 0) {
+                counts.push_back({static_cast<double>(static_cast<T>(i)), _counts[i]});
             }
         }
         return counts;
     }
 
   private:
-    static std::size_t index(T value) {
-        return static_cast<std::size_t>(static_cast<int>(value) - std::numeric_limits<T>::min());
-    }
+    // Negative numbers stand behind the others.
+    static std::size_t index(T value) { return static_cast<std::make_unsigned_t<T>>(value); }
 
     std::vector<std::uint64_t> _counts = std::vector<std::uint64_t>(std::size_t{1} << (8 * sizeof(T)));
 };
@@ -123,7 +123,7 @@ template <typename T> class Gatherer {
 void scale(VoxelStatistics& statistics, VolumeHeader const& header) {
     auto const scaled = [&header](double stored) { return header.slope * stored + header.intercept; };
     if (statistics.range) {
-        auto const [min, max] = std::minmax(scaled(statistics.range->min), scaled(statistics.range->max));
+        auto const [min, max] = std::minmax({scaled(statistics.range->min), scaled(statistics.range->max)});
         statistics.range = {min, max};
     }
     if (header.slope < 0) {
@@ -145,8 +145,15 @@ class PairCounter {
     template <typename T> void add(T a, T b) {
         ++_pairs;
         _equal += static_cast<std::uint64_t>(a == b);
-        // The smaller from the larger: the difference of unsigned numbers is not negative.
-        _oneApart += static_cast<std::uint64_t>((a < b ? b - a : a - b) == 1);
+        if constexpr (std::is_integral_v<T>) {
+            // As unsigned numbers, whose difference does not overflow.
+            using U = std::make_unsigned_t<T>;
+            U const apart =
+                static_cast<U>(a < b ? static_cast<U>(b) - static_cast<U>(a) : static_cast<U>(a) - static_cast<U>(b));
+            _oneApart += static_cast<std::uint64_t>(apart == 1);
+        } else {
+            _oneApart += static_cast<std::uint64_t>(std::abs(a - b) == 1);
+        }
     }
 
     [[nodiscard]] NeighbourShares shares() const {
