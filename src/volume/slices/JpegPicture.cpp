@@ -20,9 +20,7 @@ struct JpegErrors {
     std::jmp_buf target;
 };
 
-extern "C" void leaveJpeg(j_common_ptr jpeg) {
-    std::longjmp(reinterpret_cast<JpegErrors*>(jpeg->err)->target, 1);
-}
+extern "C" void leaveJpeg(j_common_ptr jpeg) { std::longjmp(reinterpret_cast<JpegErrors*>(jpeg->err)->target, 1); }
 // A warning, such as that of a file that ends too early, has a negative level: what follows would be made up.
 extern "C" void leaveJpegOnWarning(j_common_ptr jpeg, int level) {
     if (level < 0) {

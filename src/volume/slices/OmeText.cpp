@@ -37,12 +37,14 @@ class OmeReader {
             return std::nullopt;
         }
         _uuid = attribute(tag, "UUID");
+        bool isComplete = false;
         while (_tags.next(tag)) {
             if (!tag.isEnd) {
                 take(tag);
             }
+            isComplete = tag.isEnd && tag.name == "OME";
         }
-        if (_tags.isDamaged() || _images.empty()) {
+        if (!isComplete || _tags.isDamaged() || _images.empty()) {
             throwDamaged();
         }
         return std::move(_images);
@@ -130,8 +132,8 @@ class OmeReader {
     // A file that was renamed keeps its UUID; one without a UUID is known by its name.
     void takeFile(XmlTag const& tag) {
         std::string const file = attribute(tag, "FileName");
-        bool const isThis = !_uuid.empty() ? tag.text == _uuid || file == _path.filename()
-                                           : file.empty() || file == _path.filename();
+        bool const isThis =
+            !_uuid.empty() ? tag.text == _uuid || file == _path.filename() : file.empty() || file == _path.filename();
         if (!isThis) {
             _images.back().data.back().otherFile = file.empty() ? tag.text : file;
         }

@@ -48,7 +48,12 @@ class Picture {
     ScalarType _type = ScalarType::UInt8;
 };
 
-enum class PictureFormat { Png, Jpeg, Bmp, Tiff };
+enum class PictureFormat {
+    Png,
+    Jpeg,
+    Bmp,
+    Tiff
+};
 
 /// Returns "PNG" and so on.
 char const* nameOf(PictureFormat format);

@@ -87,7 +87,8 @@ class PngPicture : public Picture {
                 readPasses(unwanted.data(), rowBytes);
             }
             for (std::int64_t y = 0; !isInterlaced && y <= last; ++y) {
-                png_read_row(_png, y < first ? unwanted.data() : target + static_cast<std::size_t>(y - first) * rowBytes,
+                png_read_row(_png,
+                             y < first ? unwanted.data() : target + static_cast<std::size_t>(y - first) * rowBytes,
                              nullptr);
             }
             if (isInterlaced || last + 1 == height()) {

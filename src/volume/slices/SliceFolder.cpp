@@ -68,8 +68,10 @@ std::unique_ptr<VolumeFile> openSlices(VolumeSource const& source, std::vector<f
     return std::make_unique<SliceFolder>(source.path, std::move(header), std::move(slices), format);
 }
 
-// Returns whether a folder holds pictures.
-bool hasPictures(fs::path const& folder) { return !listFolder(folder).pictures.empty(); }
+// Returns whether a folder holds pictures. Those of a hidden one are previews that a program keeps for itself.
+bool hasPictures(fs::path const& folder) {
+    return folder.filename().string().front() != '.' && !listFolder(folder).pictures.empty();
+}
 
 std::unique_ptr<VolumeFile> openPictures(VolumeSource const& source, SliceListing const& listing,
                                          Progress const& progress) {

@@ -144,8 +144,7 @@ std::unique_ptr<VolumeFile> openOme(Opening opening, std::vector<OmeImage> const
     addSpacing(opening.header, image.spacing, image.unit);
     auto const pageCount = static_cast<std::int64_t>(opening.stack.directories.size());
     std::vector<std::uint64_t> chosen;
-    for (std::int64_t const page :
-         pagesOf(image, opening.header.channel, opening.header.frame, pageCount, path)) {
+    for (std::int64_t const page : pagesOf(image, opening.header.channel, opening.header.frame, pageCount, path)) {
         chosen.push_back(opening.stack.directories[static_cast<std::size_t>(page)]);
     }
     // The document may name pages that are reduced ones.

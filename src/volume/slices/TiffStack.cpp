@@ -62,8 +62,12 @@ TiffRun runOf(TiffHandle const& file, TiffPage const& page, std::int64_t images)
         isRun = TIFFGetStrileOffset(file.get(), strip) == end;
         end += TIFFGetStrileByteCount(file.get(), strip);
     }
-    if (!isRun || end < run.start + pageBytes ||
-        (file.fileBytes() - run.start) / pageBytes < static_cast<std::uint64_t>(images)) {
+    bool const isHeld = isRun && end >= run.start + pageBytes &&
+                        (file.fileBytes() - run.start) / pageBytes >= static_cast<std::uint64_t>(images);
+    // A page that was taken out of a stack keeps the description; what follows its pixels is its directory.
+    bool const isDirectoryBehind =
+        page.directory > run.start && page.directory - run.start < pageBytes * static_cast<std::uint64_t>(images);
+    if (!isHeld || isDirectoryBehind) {
         throw Error(file.path(), "expected " + std::to_string(images) +
                                      " images, as the ImageJ description says, found one page and no other images "
                                      "behind it; the file is damaged or incomplete");

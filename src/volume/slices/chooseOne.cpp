@@ -12,9 +12,9 @@ namespace tamo::volume {
 std::int64_t chooseOne(std::filesystem::path const& path, std::string const& name, std::int64_t count,
                        std::optional<std::int64_t> wanted) {
     std::string const found = std::to_string(count) + " " + name + (count == 1 ? "" : "s");
-    std::string const choices = count == 1 ? "leave out --" + name
-                                           : "choose one with --" + name + " 0 " + (count == 2 ? "or " : "to ") +
-                                                 std::to_string(count - 1);
+    std::string const choices =
+        count == 1 ? "leave out --" + name
+                   : "choose one with --" + name + " 0 " + (count == 2 ? "or " : "to ") + std::to_string(count - 1);
     if (!wanted && count > 1) {
         throw Error(path, "expected one " + name + ", found " + found + "; " + choices);
     }

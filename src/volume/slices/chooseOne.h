@@ -13,8 +13,8 @@
 
 namespace tamo::volume {
 
-/// Returns which of `count` channels, frames or the like (`name` is the word for one) to take. Throws `Error` where there
-/// are several and none is wanted, or where the one that is wanted does not exist.
+/// Returns which of `count` channels, frames or the like (`name` is the word for one) to take. Throws `Error` where
+/// there are several and none is wanted, or where the one that is wanted does not exist.
 std::int64_t chooseOne(std::filesystem::path const& path, std::string const& name, std::int64_t count,
                        std::optional<std::int64_t> wanted);
 

@@ -13,7 +13,8 @@ inline std::string quoted(std::string text) {
     if (text.size() > kMost) {
         text = text.substr(0, kMost) + "...";
     }
-    std::replace_if(text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
     return '"' + text + '"';
 }
 

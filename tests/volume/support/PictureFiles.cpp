@@ -137,12 +137,11 @@ void writeBmp(std::filesystem::path const& path, TestPicture const& picture, Bmp
     std::string const palette = bits <= 8 ? greyPalette(1 << bits, options) : std::string();
     auto const height = static_cast<std::int32_t>(options.isTopDown ? -picture.height : picture.height);
     auto const depth = numberBytes<std::uint16_t>(1) + numberBytes(static_cast<std::uint16_t>(bits));
-    std::string const header = options.isCore
-                                   ? numberBytes<std::uint32_t>(12) +
-                                         numberBytes(static_cast<std::uint16_t>(picture.width)) +
-                                         numberBytes(static_cast<std::uint16_t>(height)) + depth
-                                   : numberBytes<std::uint32_t>(40) + numberBytes<std::int32_t>(picture.width) +
-                                         numberBytes(height) + depth + std::string(24, '\0');
+    std::string const header =
+        options.isCore ? numberBytes<std::uint32_t>(12) + numberBytes(static_cast<std::uint16_t>(picture.width)) +
+                             numberBytes(static_cast<std::uint16_t>(height)) + depth
+                       : numberBytes<std::uint32_t>(40) + numberBytes<std::int32_t>(picture.width) +
+                             numberBytes(height) + depth + std::string(24, '\0');
     std::string const packed = packedRows(picture);
     std::size_t const rowBytes = packed.size() / static_cast<std::size_t>(picture.height);
     std::string pixels;

@@ -43,11 +43,11 @@ std::vector<TestFormat> sliceFormats() {
     });
     jpeg.tolerance = 3;
     progressive.tolerance = 3;
-    return {
-        makeFormat("TiffSlices", ".tif", 16, writeTiff),
-        makeFormat("PngSlices", ".png", 16, [](fs::path const& p, TestPicture const& s) { writePng(p, s); }),
-        makeFormat("PngSlicesInterlaced", ".png", 8,
-                   [](fs::path const& p, TestPicture const& s) { writePng(p, s, {/*isInterlaced=*/true}); }),
-        makeFormat("BmpSlices", ".bmp", 8, [](fs::path const& p, TestPicture const& s) { writeBmp(p, s); }),
-        jpeg, progressive};
+    return {makeFormat("TiffSlices", ".tif", 16, writeTiff),
+            makeFormat("PngSlices", ".png", 16, [](fs::path const& p, TestPicture const& s) { writePng(p, s); }),
+            makeFormat("PngSlicesInterlaced", ".png", 8,
+                       [](fs::path const& p, TestPicture const& s) { writePng(p, s, {/*isInterlaced=*/true}); }),
+            makeFormat("BmpSlices", ".bmp", 8, [](fs::path const& p, TestPicture const& s) { writeBmp(p, s); }),
+            jpeg,
+            progressive};
 }

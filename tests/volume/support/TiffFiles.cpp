@@ -87,7 +87,11 @@ std::string pageWithOpenEnd(TestPicture const& picture, TiffOptions const& optio
     auto const number16 = [&](std::uint32_t value) {
         return numberBytes(static_cast<std::uint16_t>(value), isBigEndian);
     };
-    enum Type : std::uint32_t { kText = 2, kLong = 4, kRatio = 5 };
+    enum Type : std::uint32_t {
+        kText = 2,
+        kLong = 4,
+        kRatio = 5
+    };
     auto const entry = [&](std::uint32_t tag, std::uint32_t type, std::uint32_t count, std::uint32_t value) {
         directory += number16(tag) + number16(type) + number32(count) + number32(value);
     };
