@@ -37,7 +37,7 @@ struct GridGeometry {
 };
 
 /// Turns a vector from RAS into LPS, or back.
-inline Vector3 flippedToLps(Vector3 const& ras) { return {-ras[0], -ras[1], ras[2]}; }
+inline Vector3 flippedToLps(Vector3 const& vector) { return {-vector[0], -vector[1], vector[2]}; }
 
 /// Returns how many millimetres a unit of length is, by any of its usual names ("mm", "micron", "um", "\u00b5m", "m",
 /// "inch",
