@@ -4,7 +4,6 @@
 #include "../formats/VolumeFormats.h"
 #include "SliceListing.h"
 #include "SliceNames.h"
-#include "chooseOne.h"
 
 #include <algorithm>
 #include <utility>
@@ -49,11 +48,8 @@ class SliceFolder : public VolumeFile {
 std::unique_ptr<VolumeFile> openSlices(VolumeSource const& source, std::vector<fs::path> slices, PictureFormat format,
                                        Progress const& progress) {
     checkNumbering(slices);
-    refuseSeries(source);
     VolumeHeader header;
     header.format = nameOf(format) + std::string(" stack");
-    header.channel = chooseOne(source.path, "channel", 1, source.channel);
-    header.frame = chooseOne(source.path, "frame", 1, source.frame);
     auto const first = openPicture(slices.front(), format);
     header.type = first->type();
     header.size = {first->width(), first->height(), static_cast<std::int64_t>(slices.size())};

@@ -106,7 +106,6 @@ void chooseAxes(Opening& opening, std::int64_t channels, std::int64_t frames) {
 
 std::unique_ptr<VolumeFile> openImageJ(Opening opening, ImageJText const& text) {
     fs::path const& path = opening.source.path;
-    refuseSeries(opening.source);
     opening.header.format = "TIFF stack, ImageJ";
     chooseAxes(opening, text.channels, text.frames);
     opening.file.select(opening.stack.page.directory);
@@ -184,8 +183,6 @@ std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const&
     if (auto const text = parseImageJText(description, source.path)) {
         return openImageJ(std::move(opening), *text);
     }
-    refuseSeries(source);
-    chooseAxes(opening, 1, 1);
     return openPages(std::move(opening), stack.slicePages());
 }
 

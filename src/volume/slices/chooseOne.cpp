@@ -46,11 +46,4 @@ std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> con
                                  "; choose one with --series");
 }
 
-void refuseSeries(VolumeSource const& source) {
-    if (!source.series.empty()) {
-        throw Error(source.path, "expected a series " + source.series +
-                                     ", found a volume that belongs to no series; leave out --series");
-    }
-}
-
 } // namespace tamo::volume

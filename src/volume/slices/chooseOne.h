@@ -21,7 +21,4 @@ std::int64_t chooseOne(std::filesystem::path const& path, std::string const& nam
 /// Returns which series is meant by the source, by number or UID. Throws `Error` likewise.
 std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> const& series);
 
-/// Throws `Error` where the source asks for a series: of a file that has none.
-void refuseSeries(VolumeSource const& source);
-
 } // namespace tamo::volume

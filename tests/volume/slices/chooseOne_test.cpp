@@ -55,11 +55,4 @@ TEST(ChooseSeries, GoesByNumberOrUid) {
     EXPECT_EQ(chooseSeries(source, {series[1]}), 0U);
 }
 
-TEST(RefuseSeries, RefusesAnySeries) {
-    VolumeSource source;
-    EXPECT_EQ(refusal([&] { tamo::volume::refuseSeries(source); }), "");
-    source.series = "1";
-    EXPECT_NE(refusal([&] { tamo::volume::refuseSeries(source); }), "");
-}
-
 } // namespace

@@ -47,7 +47,7 @@ TEST_F(SliceFolder, StacksItsSlicesInTheOrderOfTheirNumbers) {
 
 TEST_F(SliceFolder, ReadsOnlyTheSlicesOfABox) {
     writeSlices(5);
-    auto const file = tamo::volume::openVolume({_folder.path(), {}, {}, {}, {}, {}, {}}, {});
+    auto const file = tamo::volume::openVolume(sourceOf(_folder.path()), {});
     fs::remove(_folder / "s0.png");
     writePng(_folder / "s4.png", makePicture(6, 4));
     EXPECT_EQ(valueAt(file->read({{0, 0, 1}, {4, 3, 3}}, {}), 0, 0, 2), 3);
@@ -145,14 +145,6 @@ TEST_F(SliceFolder, OfOneTiffFileHasItsPages) {
     EXPECT_EQ(volume.header.notes, std::vector<std::string>{"The slices are the pages of a.tif"});
     fs::copy(_folder / "a.tif", _folder / "b.tif");
     EXPECT_TRUE(isRefusedWith("a.tif: expected one page")) << refusal();
-}
-
-TEST_F(SliceFolder, HasOneFrameAndOneChannel) {
-    writeSlices(3);
-    EXPECT_EQ(refusalOf({_folder.path(), {}, {}, {}, 0, 0, {}}), "");
-    EXPECT_NE(refusalOf({_folder.path(), {}, {}, {}, 1, {}, {}}), "");
-    EXPECT_NE(refusalOf({_folder.path(), {}, {}, {}, {}, 1, {}}), "");
-    EXPECT_NE(refusalOf({_folder.path(), {}, {}, {}, {}, {}, "1"}), "");
 }
 
 TEST_F(SliceFolder, IsAskedForWhereAPictureIsGiven) {

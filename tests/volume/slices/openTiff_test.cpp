@@ -34,8 +34,7 @@ class TiffFile : public testing::Test {
         }
     }
     [[nodiscard]] VolumeSource source(std::optional<int> channel = {}, std::optional<int> frame = {}) const {
-        VolumeSource source;
-        source.path = _path;
+        VolumeSource source = sourceOf(_path);
         source.channel = channel;
         source.frame = frame;
         return source;
