@@ -113,11 +113,16 @@ std::unique_ptr<VolumeFile> openImageJ(Opening opening, ImageJText const& text) 
     std::vector<std::uint64_t> const pages = opening.stack.slicePages();
     std::int64_t const first = opening.header.frame * text.slices * text.channels + opening.header.channel;
     if (pages.size() == 1 && text.images > 1) {
-        TiffRun run = runOf(opening.file, opening.stack.page, text.images);
-        run.first = first;
-        run.step = text.channels;
+        std::optional<TiffRun> run = findRun(opening.file, opening.stack.page, text.images);
+        if (!run) {
+            throw Error(path, "expected " + std::to_string(text.images) +
+                                  " images, as the ImageJ description says, found one page and no other images "
+                                  "behind it; the file is damaged or incomplete");
+        }
+        run->first = first;
+        run->step = text.channels;
         opening.header.size[2] = text.slices;
-        return std::make_unique<PagelessTiff>(path, std::move(opening.header), opening.stack.page, run);
+        return std::make_unique<PagelessTiff>(path, std::move(opening.header), opening.stack.page, *run);
     }
     if (static_cast<std::int64_t>(pages.size()) != text.images) {
         throw Error(path, "expected " + std::to_string(text.images) + " pages, as the ImageJ description says, found " +

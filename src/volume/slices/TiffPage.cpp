@@ -229,17 +229,4 @@ std::unique_ptr<Picture> pictureOf(std::shared_ptr<TiffHandle> file, TiffPage co
     return std::make_unique<TiffPicture>(std::move(file), page);
 }
 
-std::unique_ptr<Picture> openTiffPicture(std::filesystem::path const& path) {
-    auto file = std::make_shared<TiffHandle>(path);
-    TiffPage const page = currentPage(*file);
-    std::uint64_t unpacked = 0;
-    checkUnpacked(*file, unpacked);
-    while (file->advance()) {
-        if (!isReducedPage(*file)) {
-            throw Error(path, "expected one page, as a slice of a folder has, found several; give the file alone");
-        }
-    }
-    return pictureOf(std::move(file), page);
-}
-
 } // namespace tamo::volume

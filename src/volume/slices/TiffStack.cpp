@@ -46,7 +46,7 @@ TiffStack listPages(TiffHandle& file, Progress const& progress) {
     return stack;
 }
 
-TiffRun runOf(TiffHandle const& file, TiffPage const& page, std::int64_t images) {
+std::optional<TiffRun> findRun(TiffHandle const& file, TiffPage const& page, std::int64_t images) {
     auto const pageBytes = static_cast<std::uint64_t>(page.width * page.height * bytesOf(page.type));
     bool const isPlain = file.tagOrDefault<std::uint16_t>(TIFFTAG_COMPRESSION) == COMPRESSION_NONE &&
                          TIFFIsTiled(file.get()) == 0 && page.bits == 8 * bytesOf(page.type);
@@ -54,25 +54,22 @@ TiffRun runOf(TiffHandle const& file, TiffPage const& page, std::int64_t images)
     run.start = TIFFGetStrileOffset(file.get(), 0);
     run.imageBytes = pageBytes;
     run.isBigEndian = TIFFIsBigEndian(file.get()) != 0;
+    if (!isPlain || run.start >= file.fileBytes() ||
+        (file.fileBytes() - run.start) / pageBytes < static_cast<std::uint64_t>(images)) {
+        return std::nullopt;
+    }
     // The strips of the page have to follow one another, as the images do.
     std::uint64_t end = run.start;
-    bool isRun = isPlain && run.start < file.fileBytes();
-    for (std::uint32_t strip = 0; isRun && strip < TIFFNumberOfStrips(file.get()) && end < run.start + pageBytes;
-         ++strip) {
-        isRun = TIFFGetStrileOffset(file.get(), strip) == end;
+    for (std::uint32_t strip = 0; strip < TIFFNumberOfStrips(file.get()) && end < run.start + pageBytes; ++strip) {
+        if (TIFFGetStrileOffset(file.get(), strip) != end) {
+            return std::nullopt;
+        }
         end += TIFFGetStrileByteCount(file.get(), strip);
     }
-    bool const isHeld = isRun && end >= run.start + pageBytes &&
-                        (file.fileBytes() - run.start) / pageBytes >= static_cast<std::uint64_t>(images);
     // A page that was taken out of a stack keeps the description; what follows its pixels is its directory.
     bool const isDirectoryBehind =
         page.directory > run.start && page.directory - run.start < pageBytes * static_cast<std::uint64_t>(images);
-    if (!isHeld || isDirectoryBehind) {
-        throw Error(file.path(), "expected " + std::to_string(images) +
-                                     " images, as the ImageJ description says, found one page and no other images "
-                                     "behind it; the file is damaged or incomplete");
-    }
-    return run;
+    return end < run.start + pageBytes || isDirectoryBehind ? std::nullopt : std::optional(run);
 }
 
 std::array<std::optional<double>, 3> spacingOf(TiffHandle const& file, ImageJText const& text) {
@@ -93,6 +90,28 @@ std::array<std::optional<double>, 3> spacingOf(TiffHandle const& file, ImageJTex
         spacing[2] = *text.spacing * millimetres;
     }
     return spacing;
+}
+
+std::unique_ptr<Picture> openTiffPicture(std::filesystem::path const& path) {
+    auto file = std::make_shared<TiffHandle>(path);
+    auto const throwSeveralPages = [&path] {
+        throw Error(path, "expected one page, as a slice of a folder has, found several; give the file alone");
+    };
+    TiffPage const page = currentPage(*file);
+    std::uint64_t unpacked = 0;
+    checkUnpacked(*file, unpacked);
+    while (file->advance()) {
+        if (!isReducedPage(*file)) {
+            throwSeveralPages();
+        }
+    }
+    file->select(page.directory);
+    // A page that was taken out of a stack keeps the stack's description, but not the images behind it.
+    auto const text = parseImageJText(file->description(), path);
+    if (text && text->images > 1 && findRun(*file, page, text->images)) {
+        throwSeveralPages();
+    }
+    return pictureOf(std::move(file), page);
 }
 
 } // namespace tamo::volume

@@ -41,9 +41,9 @@ struct TiffRun {
     std::int64_t step = 1;
 };
 
-/// Describes the run of `images` images of which the current page is the first: the way in which ImageJ stores what
-/// directories of 32 bits cannot point at. Throws `Error` where the page does not allow for it or the file is shorter.
-TiffRun runOf(TiffHandle const& file, TiffPage const& page, std::int64_t images);
+/// Returns the run of `images` images of which the current page is the first: the way in which ImageJ stores what
+/// directories of 32 bits cannot point at. Nothing where the page does not allow for it or the file is shorter.
+std::optional<TiffRun> findRun(TiffHandle const& file, TiffPage const& page, std::int64_t images);
 
 /// Returns the spacing in millimetres that the current page and its description by ImageJ state, nothing along an axis
 /// of which they do not. The resolution tags count in the description's unit, whatever they say of inches: without one

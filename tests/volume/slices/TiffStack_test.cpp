@@ -13,9 +13,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using tamo::volume::Error;
+using tamo::volume::findRun;
 using tamo::volume::ImageJText;
 using tamo::volume::listPages;
-using tamo::volume::runOf;
 using tamo::volume::TiffHandle;
 using tamo::volume::TiffRun;
 using tamo::volume::TiffStack;
@@ -77,12 +77,12 @@ TEST_F(TiffStacks, RunOnBehindTheirOnlyPage) {
         std::string const page = pageWithOpenEnd(makePicture(8, 6, 16), {}, isBigEndian);
         writeFile(_path, page + std::string(2 * 96, 'x'));
         TiffHandle const file(_path);
-        TiffRun const run = runOf(file, currentPage(file), 3);
+        TiffRun const run = findRun(file, currentPage(file), 3).value();
         EXPECT_EQ(run.start, page.size() - 96);
         EXPECT_EQ(run.imageBytes, 96U);
         EXPECT_EQ(run.isBigEndian, isBigEndian);
-        EXPECT_THROW(runOf(file, currentPage(file), 4), Error);
-        EXPECT_THROW(runOf(file, currentPage(file), INT32_MAX), Error);
+        EXPECT_FALSE(findRun(file, currentPage(file), 4));
+        EXPECT_FALSE(findRun(file, currentPage(file), INT32_MAX));
     }
 }
 
@@ -95,7 +95,7 @@ TEST_F(TiffStacks, DoNotRunOnBehindCompressedOrTiledPages) {
         TiffWriter(_path, "w").addPage(makePicture(8, 8), options);
         writeFile(_path, readFile(_path) + std::string(1000, 'x'));
         TiffHandle const file(_path);
-        EXPECT_THROW(runOf(file, currentPage(file), 2), Error);
+        EXPECT_FALSE(findRun(file, currentPage(file), 2));
     }
 }
 

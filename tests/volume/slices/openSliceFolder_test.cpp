@@ -147,6 +147,21 @@ TEST_F(SliceFolder, OfOneTiffFileHasItsPages) {
     EXPECT_TRUE(isRefusedWith("a.tif: expected one page")) << refusal();
 }
 
+TEST_F(SliceFolder, OfTiffFilesThatHoldImagesWithoutPagesIsRefused) {
+    TiffOptions options;
+    options.description = "ImageJ=1.53t\nimages=2\nslices=2\n";
+    TestPicture const two{5, 4, 8, 1, std::vector<unsigned char>(40)};
+    for (char const* const name : {"s1.tif", "s2.tif"}) {
+        writeFile(_folder / name, pageWithOpenEnd(two, options, false));
+    }
+    EXPECT_TRUE(isRefusedWith("s1.tif: expected one page")) << refusal();
+    // Pages that were taken out of a stack.
+    for (char const* const name : {"s1.tif", "s2.tif"}) {
+        writeFile(_folder / name, pageWithOpenEnd(flat(1), options, false));
+    }
+    EXPECT_EQ(refusal(), "");
+}
+
 TEST_F(SliceFolder, IsAskedForWhereAPictureIsGiven) {
     writeSlices(1);
     EXPECT_NE(refusalOf(_folder / "s0.png").find("give the folder of the slices"), std::string::npos);
