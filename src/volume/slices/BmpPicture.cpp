@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,9 @@ namespace tamo::volume {
 
 namespace {
 
-std::uint32_t numberAt(unsigned char const* bytes, int count) {
+std::uint32_t numberAt(unsigned char const* bytes, std::ptrdiff_t count) {
     std::uint32_t number = 0;
-    for (int i = count - 1; i >= 0; --i) {
+    for (std::ptrdiff_t i = count - 1; i >= 0; --i) {
         number = number << 8U | bytes[i];
     }
     return number;
@@ -50,7 +51,7 @@ class BmpPicture : public Picture {
         }
         std::array<unsigned char, kMostBytes> header{};
         readBytes(&header[4], headerBytes - 4);
-        int const side = isCore ? 2 : 4;
+        std::ptrdiff_t const side = isCore ? 2 : 4;
         auto const width = static_cast<std::int32_t>(numberAt(&header[4], side));
         auto const height = static_cast<std::int32_t>(numberAt(&header[4] + side, side));
         _isTopDown = height < 0;

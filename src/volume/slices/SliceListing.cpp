@@ -77,15 +77,15 @@ SliceListing listFolder(fs::path const& folder) {
     for (fs::directory_entry const& entry : entriesOf(folder)) {
         fs::path const& path = entry.path();
         fs::file_type const type = typeOf(entry);
-        auto const format = pictureFormatOf(path);
+        auto const format = isHidden(path) ? std::nullopt : pictureFormatOf(path);
+        bool const isFile = type == fs::file_type::regular;
+        // A slice that is a link to nothing, or to itself, is refused when it is opened; a pipe would never end.
+        bool const isLost = type == fs::file_type::not_found || type == fs::file_type::none;
         if (type == fs::file_type::directory) {
             listing.folders.push_back(path);
-        } else if (isHidden(path)) {
-            listing.others.push_back(path);
-        } else if (format && (type == fs::file_type::regular || entry.is_symlink())) {
-            // A slice that is a link to nothing is refused when it is opened.
+        } else if (format && (isFile || isLost)) {
             listing.pictures[*format].push_back(path);
-        } else if (type == fs::file_type::regular && isDicom(path)) {
+        } else if (isFile && !isHidden(path) && isDicom(path)) {
             listing.dicomFiles.push_back(path);
         } else {
             listing.others.push_back(path);

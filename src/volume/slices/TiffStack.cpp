@@ -79,7 +79,7 @@ std::array<std::optional<double>, 3> spacingOf(TiffHandle const& file, ImageJTex
     }
     std::array<std::optional<double>, 3> spacing;
     std::size_t axis = 0;
-    for (std::uint32_t const name : {TIFFTAG_XRESOLUTION, TIFFTAG_YRESOLUTION}) {
+    for (std::uint32_t const name : {std::uint32_t{TIFFTAG_XRESOLUTION}, std::uint32_t{TIFFTAG_YRESOLUTION}}) {
         double const perUnit = file.tag<float>(name).value_or(0.0F);
         if (perUnit > 0 && std::isfinite(perUnit)) {
             spacing[axis] = millimetres / perUnit;

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -44,7 +45,15 @@ TEST_F(Listing, HasEveryFileByItsKindAndInOrder) {
 
 TEST_F(Listing, KeepsSlicesThatAreBrokenLinks) {
     fs::create_symlink(_folder / "nowhere.png", _folder / "s1.png");
-    EXPECT_EQ(listFolder(_folder.path()).pictures.at(PictureFormat::Png), Paths{_folder / "s1.png"});
+    fs::create_symlink(_folder / "s2.png", _folder / "s2.png");
+    EXPECT_EQ(listFolder(_folder.path()).pictures.at(PictureFormat::Png),
+              (Paths{_folder / "s1.png", _folder / "s2.png"}));
+}
+
+TEST_F(Listing, TakesNoPipeForASlice) {
+    ASSERT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
+    fs::create_symlink(_folder / "pipe", _folder / "s1.png");
+    EXPECT_EQ(listFolder(_folder.path()).others, (Paths{_folder / "pipe", _folder / "s1.png"}));
 }
 
 TEST_F(Listing, OfAFolderThatMayNotBeEnteredIsRefused) {
