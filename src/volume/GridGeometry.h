@@ -12,7 +12,8 @@ namespace tamo::volume {
 /// Says where voxels lie in space, in millimetres; x leads towards a patient's left, y to the back, z to the top (LPS).
 ///
 /// The centre of voxel (i, j, k) lies at origin + i spacing[0] axes[0] + j spacing[1] axes[1] + k spacing[2] axes[2].
-/// What a file does not say is assumed: a spacing of 1, the origin (0, 0, 0), the axes of LPS, millimetres.
+/// What a file does not say is assumed: a spacing of 1, the origin (0, 0, 0), the axes of LPS, millimetres; or what its
+/// format assumes.
 struct GridGeometry {
     /// Distances of neighbouring voxels along the axes, positive.
     Vector3 spacing{1, 1, 1};
@@ -37,7 +38,7 @@ struct GridGeometry {
 };
 
 /// Turns a vector from RAS into LPS, or back.
-inline Vector3 flippedToLps(Vector3 const& ras) { return {-ras[0], -ras[1], ras[2]}; }
+inline Vector3 flippedToLps(Vector3 const& vector) { return {-vector[0], -vector[1], vector[2]}; }
 
 /// Returns how many millimetres a unit of length is, by any of its usual names ("mm", "micron", "um", "\u00b5m", "m",
 /// "inch",

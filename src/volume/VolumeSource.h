@@ -28,6 +28,8 @@ struct VolumeSource {
     std::optional<std::int64_t> channel;
     /// Which of several series: its number or its UID.
     std::string series;
+    /// Which of the named segments, for the frame that it stands in.
+    std::string segment;
 };
 
 } // namespace tamo::volume

@@ -98,6 +98,35 @@ void checkSize(VolumeHeader const& header, fs::path const& path) {
     }
 }
 
+// Lists the names of labels, or the first of very many.
+std::string namesOf(std::vector<LabelName> const& labels) {
+    constexpr std::size_t kShown = 20;
+    std::string names;
+    for (std::size_t i = 0; i < std::min(labels.size(), kShown); ++i) {
+        names += (i > 0 ? ", " : "") + labels[i].name;
+    }
+    return labels.empty() ? "no named segments" : names + (labels.size() > kShown ? ", ..." : "");
+}
+
+// Readers that know of several frames, channels, series or segments have taken the one that the source names, or
+// refused it; of the others there is but one.
+void checkChoices(VolumeHeader const& header, VolumeSource const& source) {
+    if (source.frame && *source.frame != header.frame) {
+        throw Error(source.path, "expected a file of several frames with --frame, found one; leave it out");
+    }
+    if (source.channel && *source.channel != header.channel) {
+        throw Error(source.path, "expected a file of several channels with --channel, found one; leave it out");
+    }
+    if (!source.series.empty() && header.series.empty()) {
+        throw Error(source.path, "expected DICOM with --series, found " + header.format + "; leave it out");
+    }
+    auto const isWanted = [&source](LabelName const& label) { return label.name == source.segment; };
+    if (!source.segment.empty() && std::none_of(header.labels.begin(), header.labels.end(), isWanted)) {
+        throw Error(source.path, "expected a segment called \"" + source.segment + "\" for --segment, found " +
+                                     namesOf(header.labels));
+    }
+}
+
 // Lets the caller's words take the place of what the file does not state.
 void applySource(VolumeHeader& header, VolumeSource const& source) {
     GridGeometry& geometry = header.geometry;
@@ -128,6 +157,7 @@ std::unique_ptr<VolumeFile> openVolume(VolumeSource const& source, Progress cons
         auto file = openAny(source, progress);
         VolumeHeader header = file->header();
         checkSize(header, source.path);
+        checkChoices(header, source);
         applySource(header, source);
         file->setHeader(std::move(header));
         return file;

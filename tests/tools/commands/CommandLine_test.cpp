@@ -8,7 +8,7 @@ namespace {
 
 TEST(CommandLine, WithoutACommandThatIsKnownNamesThemAll) {
     for (std::vector<std::string> const& arguments :
-         {std::vector<std::string>{}, {"draw"}, {"--colour"}, {"draw", "a.nii"}}) {
+         {std::vector<std::string>{}, {"draw"}, {"--colour"}, {"draw", "a.mha"}}) {
         ToolRun const run = runTool(arguments);
         EXPECT_TRUE(isUsageRefusal(run, "info, render or atlas; see tamo --help")) << run.error;
         EXPECT_TRUE(isUsageRefusal(run, arguments.empty() ? "tamo: expected" : "tamo: " + arguments[0] + ": expected"));
@@ -16,41 +16,41 @@ TEST(CommandLine, WithoutACommandThatIsKnownNamesThemAll) {
 }
 
 TEST(CommandLine, WithAnUnknownArgumentPointsToTheHelpOfItsCommand) {
-    EXPECT_TRUE(isUsageRefusal(runTool({"info", "a.nii", "--colour", "red"}), "--colour"));
-    EXPECT_TRUE(isUsageRefusal(runTool({"info", "a.nii", "--min", "1"}), "expected no --min 1; see tamo info --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"info", "a.mha", "--colour", "red"}), "--colour"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"info", "a.mha", "--min", "1"}), "expected no --min 1; see tamo info --help"));
     EXPECT_TRUE(
-        isUsageRefusal(runTool({"render", "a.nii", "-o", "a.png", "another"}), "another; see tamo render --help"));
-    EXPECT_TRUE(isUsageRefusal(runTool({"atlas", "-o", "a.png", "a.nii"}), "a.nii; see tamo atlas --help"));
-    EXPECT_TRUE(isUsageRefusal(runTool({"--colour", "info", "a.nii"}), "--colour; see tamo --help"));
+        isUsageRefusal(runTool({"render", "a.mha", "-o", "a.png", "another"}), "another; see tamo render --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"atlas", "-o", "a.png", "a.mha"}), "a.nii; see tamo atlas --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"--colour", "info", "a.mha"}), "--colour; see tamo --help"));
 }
 
 TEST(CommandLine, NamesAnUnknownArgumentRatherThanOneThatIsMissing) {
     EXPECT_TRUE(isUsageRefusal(runTool({"render", "--bogus"}), "expected no --bogus; see tamo render --help"));
-    EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.nii", "--neighborhood", "N6"}),
+    EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.mha", "--neighborhood", "N6"}),
                                "expected no --neighborhood N6; see tamo render --help"));
 }
 
 TEST(CommandLine, WithoutWhatACommandNeedsNamesIt) {
     EXPECT_TRUE(isUsageRefusal(runTool({"info"}), "volume is required; see tamo info --help"));
-    EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.nii"}), "--output is required; see tamo render --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.mha"}), "--output is required; see tamo render --help"));
     EXPECT_TRUE(isUsageRefusal(runTool({"atlas"}), "--output is required; see tamo atlas --help"));
 }
 
 TEST(CommandLine, WithoutAnOptionsValueOrWithTwoPointsToTheHelpOfTheCommand) {
     std::string const help = ": expected once, with one value; see tamo render --help";
     for (char const* const option : {"--step", "--adjacency"}) {
-        EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.nii", "-o", "a.png", option}), option + help));
+        EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.mha", "-o", "a.png", option}), option + help));
         EXPECT_TRUE(
-            isUsageRefusal(runTool({"render", "a.nii", "-o", "a.png", option, "1", option, "1"}), option + help));
+            isUsageRefusal(runTool({"render", "a.mha", "-o", "a.png", option, "1", option, "1"}), option + help));
     }
 }
 
 TEST(CommandLine, DoesNotTakeTheNextWordForAValueLeftEmpty) {
     for (char const* const option : {"--adjacency=", "--size=", "--big-endian=", "--colour="}) {
-        ToolRun const run = runTool({"render", "a.nii", "-o", "a.png", option, "26"});
+        ToolRun const run = runTool({"render", "a.mha", "-o", "a.png", option, "26"});
         EXPECT_TRUE(isUsageRefusal(run, std::string(option) + ": expected a value")) << run.error;
     }
-    EXPECT_TRUE(isInputRefusal(runTool({"render", "a.nii", "-o", "a.png", "--size=40x40"}), "a.nii"));
+    EXPECT_TRUE(isInputRefusal(runTool({"render", "a.mha", "-o", "a.png", "--size=40x40"}), "a.mha"));
 }
 
 TEST(Help, IsPrintedOnStandardOutput) {

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "support/files/fileContent.h"
 #include "tools/support/ToolRun.h"
 #include "tools/support/VolumeFiles.h"
 
@@ -13,7 +14,7 @@ namespace fs = std::filesystem;
 class RenderCommand : public testing::Test {
   protected:
     RenderCommand() {
-        fileFormats().front().write(makeSamples(8, 7, 6), _folder / "a.nii");
+        writeMetaImage(makeSamples(8, 7, 6), _folder / "a.mha");
         fs::create_directory(_folder / "out");
     }
 
@@ -25,7 +26,7 @@ class RenderCommand : public testing::Test {
     }
 
     void expectRefused(std::vector<std::string> const& options, std::string const& named) const {
-        ToolRun const run = render("a.nii", options);
+        ToolRun const run = render("a.mha", options);
         EXPECT_TRUE(isInputRefusal(run, named)) << testing::PrintToString(options) << run.status << " " << run.error;
         EXPECT_TRUE(fs::is_empty(_folder / "out"));
     }
@@ -36,7 +37,7 @@ class RenderCommand : public testing::Test {
         for (int i = 0; i < 64; ++i) {
             bytes.push_back(i % 5 == 0 || i % 7 == 0 ? high : low);
         }
-        writeBytes(_folder / "a.raw", bytes);
+        writeFile(_folder / "a.raw", bytes);
         options.insert(options.end(), {"--dims", "4,4,4", "--type", "uint8", "--size", "60x60"});
         ToolRun const run = render("a.raw", options);
         EXPECT_EQ(run.status, 0) << run.error;
@@ -55,31 +56,31 @@ TEST_F(RenderCommand, RefusesBoxesThatDoNotLieInTheVolume) {
 }
 
 TEST_F(RenderCommand, TakesABoxWithItsFirstAndItsLastVoxel) {
-    EXPECT_EQ(render("a.nii", {"--box", "0,0,0,7,6,5", "--size", "20x20"}).status, 0);
-    ToolRun const run = render("a.nii", {"--box", "2,3,4,2,3,4", "--min", "0", "--size", "20x20"});
+    EXPECT_EQ(render("a.mha", {"--box", "0,0,0,7,6,5", "--size", "20x20"}).status, 0);
+    ToolRun const run = render("a.mha", {"--box", "2,3,4,2,3,4", "--min", "0", "--size", "20x20"});
     EXPECT_NE(run.output.find("foreground  1 voxels"), std::string::npos) << run.output << run.error;
 }
 
 TEST_F(RenderCommand, SaysWhichValuesABoundAloneAsksFor) {
-    ToolRun const below = render("a.nii", {"--max", "2000", "--size", "20x20"});
+    ToolRun const below = render("a.mha", {"--max", "2000", "--size", "20x20"});
     EXPECT_NE(below.output.find("values      up to 2000 of "), std::string::npos) << below.output << below.error;
-    ToolRun const above = render("a.nii", {"--min", "2000", "--size", "20x20"});
+    ToolRun const above = render("a.mha", {"--min", "2000", "--size", "20x20"});
     EXPECT_NE(above.output.find("values      from 2000 of "), std::string::npos) << above.output << above.error;
 }
 
 TEST_F(RenderCommand, RefusesRangesWithoutVoxels) {
-    expectRefused({"--min", "4001"}, "a.nii");
+    expectRefused({"--min", "4001"}, "a.mha");
     expectRefused({"--max", "-1"}, "--max");
 }
 
 // The library counts a voxel's lowest bit, which is 0 in every even value.
 TEST_F(RenderCommand, CountsTheVoxelsOfAnEvenValuedMaskAsThoseOfOnes) {
     std::string const ones = drawMask('\0', '\1', {"--min", "1"});
-    std::string const picture = readBytes(_folder / "out" / "a.png");
+    std::string const picture = readFile(_folder / "out" / "a.png");
     EXPECT_NE(ones.find(" triangles"), std::string::npos);
     for (auto const& [low, high] : {std::pair{'\0', '\2'}, {'\0', '\xFE'}}) {
         EXPECT_EQ(drawMask(low, high, {"--min", "1"}), ones);
-        EXPECT_EQ(readBytes(_folder / "out" / "a.png"), picture);
+        EXPECT_EQ(readFile(_folder / "out" / "a.png"), picture);
     }
     EXPECT_EQ(drawMask('\2', '\xFE', {"--min", "3"}), ones);
     EXPECT_EQ(drawMask('\xFE', '\2', {"--max", "3"}), ones);
@@ -91,7 +92,7 @@ TEST_F(RenderCommand, CountsEveryVoxelOfAMaskOfTwoEvenValues) {
 }
 
 TEST_F(RenderCommand, RefusesPlacesWhereNoPictureCanBeWritten) {
-    std::string const volume = (_folder / "a.nii").string();
+    std::string const volume = (_folder / "a.mha").string();
     fs::create_directory(_folder / "folder.png");
     for (std::string const output : {"missing/a.png", "folder.png", "a.nii/a.png"}) {
         ToolRun const run = runTool({"render", volume, "-o", (_folder / output).string()});

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "support/files/fileContent.h"
 #include "tools/support/PngPicture.h"
 #include "tools/support/ToolRun.h"
 #include "tools/support/VolumeFiles.h"
@@ -17,7 +18,7 @@ class Panels : public testing::Test {
         std::string bytes(18, '\0');
         bytes[0] = '\1';
         bytes[1 + 1 * 6] = '\1';
-        writeBytes(_folder / "a.raw", bytes);
+        writeFile(_folder / "a.raw", bytes);
     }
 
     [[nodiscard]] ToolRun run(std::string const& systems, std::string const& size) const {

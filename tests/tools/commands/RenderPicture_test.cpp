@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "support/files/fileContent.h"
 #include "tools/support/PngPicture.h"
 #include "tools/support/ToolRun.h"
 #include "tools/support/VolumeFiles.h"
@@ -26,7 +27,7 @@ fs::path draw(TemporaryFolder const& folder, std::array<int, 3> size, IsInside&&
             }
         }
     }
-    writeBytes(folder / "a.raw", bytes);
+    writeFile(folder / "a.raw", bytes);
     fs::path picture = folder / "a.png";
     std::string const dims = std::to_string(size[0]) + "," + std::to_string(size[1]) + "," + std::to_string(size[2]);
     std::vector<std::string> arguments{
@@ -116,11 +117,10 @@ TEST(Picture, FollowsThePatientsAxesWhateverTheOrderOfTheVoxels) {
         left.values[static_cast<std::size_t>(i)] = isOnTripod(19 - x, y, z) ? 1 : 0;
     }
     auto const write = [&folder](Samples const& samples, std::string const& direction) {
-        writeBytes(folder / "a.nrrd",
-                   "NRRD0005\ntype: short\ndimension: 3\nsizes: 20 20 20\nspace: right-anterior-superior"
-                   "\nspace directions: (" +
-                       direction + ",0,0) (0,1,0) (0,0,1)\nencoding: raw\nendian: little\n\n" +
-                       rawBytes(samples, false));
+        writeFile(folder / "a.nrrd",
+                  "NRRD0005\ntype: short\ndimension: 3\nsizes: 20 20 20\nspace: right-anterior-superior"
+                  "\nspace directions: (" +
+                      direction + ",0,0) (0,1,0) (0,0,1)\nencoding: raw\nendian: little\n\n" + rawBytes(samples));
     };
     write(right, "1");
     EXPECT_EQ(runTool({"render", (folder / "a.nrrd").string(), "-o", pictures[0].string(), "--size", "150x150"}).status,
@@ -157,15 +157,15 @@ TEST(Picture, OfABoxIsThatOfAVolumeEmptyElsewhere) {
             return isInside(x, y, z) && x >= box[0] && x <= box[3] && y >= box[1] && y <= box[4] && z >= box[2] &&
                    z <= box[5];
         };
-        std::string const whole = readBytes(draw(folder, samples.size, isInBox, options));
+        std::string const whole = readFile(draw(folder, samples.size, isInBox, options));
         options.insert(options.end(), {"--box", text});
-        EXPECT_EQ(readBytes(draw(folder, samples.size, isInside, options)), whole) << text;
+        EXPECT_EQ(readFile(draw(folder, samples.size, isInside, options)), whole) << text;
     }
 }
 
 TEST(Picture, TakesThePlaceOfAnOlderOneAndLeavesNothingElse) {
     TemporaryFolder const folder;
-    writeBytes(folder / "a.png", "old");
+    writeFile(folder / "a.png", "old");
     draw(folder, {4, 4, 4}, everything, {"--min", "1", "--size", "20x20"});
     EXPECT_EQ(PngPicture(folder / "a.png").width(), 20);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
@@ -173,9 +173,9 @@ TEST(Picture, TakesThePlaceOfAnOlderOneAndLeavesNothingElse) {
 
 TEST(RenderStages, PrintTheirTimeAndMemoryWhenVerbose) {
     TemporaryFolder const folder;
-    fileFormats().front().write(makeSamples(8, 7, 6), folder / "a.nii");
+    writeMetaImage(makeSamples(8, 7, 6), folder / "a.mha");
     ToolRun const run = runTool(
-        {"render", (folder / "a.nii").string(), "-o", (folder / "a.png").string(), "--size", "20x20", "--verbose"});
+        {"render", (folder / "a.mha").string(), "-o", (folder / "a.png").string(), "--size", "20x20", "--verbose"});
     EXPECT_EQ(run.status, 0);
     for (char const* const stage : {"read ", "threshold ", "count ", "scan ", "draw ", "write "}) {
         EXPECT_NE(run.output.find(stage), std::string::npos) << stage;

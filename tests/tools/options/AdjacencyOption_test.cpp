@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "support/files/fileContent.h"
 #include "tools/support/ToolRun.h"
 #include "tools/support/VolumeFiles.h"
 
@@ -16,7 +17,7 @@ class AdjacencyOption : public testing::Test {
         std::string bytes(18, '\0');
         bytes[0] = '\1';
         bytes[1 + 1 * 6] = '\1';
-        writeBytes(_folder / "a.raw", bytes);
+        writeFile(_folder / "a.raw", bytes);
         return runTool({"render", (_folder / "a.raw").string(), "--dims", "3,2,3", "--type", "uint8", "--min", "1",
                         "-o", (_folder / "a.png").string(), "--size", "60x20", "--adjacency", systems});
     }

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include <vtkImageData.h>
-#include <vtkNew.h>
-#include <vtkPNGReader.h>
+#include <png.h>
 
-#include <array>
 #include <filesystem>
+#include <stdexcept>
+#include <vector>
 
 struct Pixel {
     int red;
@@ -19,15 +18,21 @@ struct Pixel {
 class PngPicture {
   public:
     explicit PngPicture(std::filesystem::path const& path) {
-        _reader->SetFileName(path.c_str());
-        _reader->Update();
-        _reader->GetOutput()->GetDimensions(_size.data());
+        _image.version = PNG_IMAGE_VERSION;
+        if (png_image_begin_read_from_file(&_image, path.c_str()) == 0) {
+            throw std::runtime_error(path.string() + ": no picture");
+        }
+        _image.format = PNG_FORMAT_RGB;
+        _pixels.resize(PNG_IMAGE_SIZE(_image));
+        if (png_image_finish_read(&_image, nullptr, _pixels.data(), 0, nullptr) == 0) {
+            throw std::runtime_error(path.string() + ": a damaged picture");
+        }
     }
-    [[nodiscard]] int width() const { return _size[0]; }
-    [[nodiscard]] int height() const { return _size[1]; }
+    [[nodiscard]] int width() const { return static_cast<int>(_image.width); }
+    [[nodiscard]] int height() const { return static_cast<int>(_image.height); }
     [[nodiscard]] Pixel at(int x, int y) const {
         auto const* const p =
-            static_cast<unsigned char const*>(_reader->GetOutput()->GetScalarPointer(x, _size[1] - 1 - y, 0));
+            _pixels.data() + 3 * (static_cast<std::size_t>(y) * _image.width + static_cast<std::size_t>(x));
         return {p[0], p[1], p[2]};
     }
     [[nodiscard]] bool isBackground(int x, int y) const {
@@ -50,6 +55,6 @@ class PngPicture {
     }
 
   private:
-    vtkNew<vtkPNGReader> _reader;
-    std::array<int, 3> _size{};
+    png_image _image{};
+    std::vector<unsigned char> _pixels;
 };

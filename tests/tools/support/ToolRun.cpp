@@ -12,6 +12,7 @@
 #include <pty.h>
 #include <sstream>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -50,9 +51,12 @@ ToolRun runProgram(std::vector<std::string> const& arguments, Disturb&& disturb,
             dup2(terminal, STDERR_FILENO);
         }
         // What the tests were started to ignore, in the background of a script, is not theirs.
-        for (int const number : {SIGINT, SIGTERM, SIGHUP}) {
+        for (int const number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
             signal(number, number == ignored ? SIG_IGN : SIG_DFL);
         }
+        // Signals that leave a core file leave none here.
+        rlimit const none{0, 0};
+        setrlimit(RLIMIT_CORE, &none);
         execv(pointers[0], pointers.data());
         _exit(127);
     }

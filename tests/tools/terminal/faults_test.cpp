@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "tools/support/PreloadedLibrary.h"
 #include "tools/support/ToolRun.h"
 #include "tools/support/VolumeFiles.h"
 
@@ -12,33 +13,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Loads a library ahead of the program's own while it lives.
-class PreloadedLibrary {
-  public:
-    explicit PreloadedLibrary(char const* path) {
-        setenv("LD_PRELOAD", path, /*overwrite=*/1);
-        // The address sanitizer insists on being the first library, though nothing here depends on it.
-        char const* const options = std::getenv("ASAN_OPTIONS");
-        _options = options == nullptr ? "" : options;
-        setenv("ASAN_OPTIONS", (_options + ":verify_asan_link_order=0").c_str(), /*overwrite=*/1);
-    }
-    ~PreloadedLibrary() {
-        unsetenv("LD_PRELOAD");
-        setenv("ASAN_OPTIONS", _options.c_str(), /*overwrite=*/1);
-    }
-    PreloadedLibrary(PreloadedLibrary const&) = delete;
-    PreloadedLibrary& operator=(PreloadedLibrary const&) = delete;
-
-  private:
-    std::string _options;
-};
-
 // Draws a small volume; the picture belongs into the folder `out`.
 ToolRun render(TemporaryFolder const& folder, std::vector<std::string> const& options) {
-    fileFormats().front().write(makeSamples(8, 7, 6), folder / "a.nii");
+    writeMetaImage(makeSamples(8, 7, 6), folder / "a.mha");
     fs::create_directory(folder / "out");
     std::vector<std::string> arguments{
-        "render", (folder / "a.nii").string(), "-o", (folder / "out" / "a.png").string(), "--size", "20x20"};
+        "render", (folder / "a.mha").string(), "-o", (folder / "out" / "a.png").string(), "--size", "20x20"};
     arguments.insert(arguments.end(), options.begin(), options.end());
     return runTool(arguments);
 }
@@ -73,10 +53,12 @@ TEST(MissingOpenGL, ShowsBeforeTheVolumeIsRead) {
 
 TEST(EarlyInterruption, RemovesAPictureThatHasOnlyJustBeenMade) {
     TemporaryFolder const folder;
-    PreloadedLibrary const library(TAMO_INTERRUPTED_MKSTEMP);
+    PreloadedLibrary const library(TAMO_NO_NAMELESS_FILES);
+    setenv("TAMO_TEST_EARLY_CTRL_C", "1", /*overwrite=*/1);
     ToolRun const run = render(folder, {});
+    unsetenv("TAMO_TEST_EARLY_CTRL_C");
     EXPECT_EQ(run.status, 128 + SIGINT) << run.error;
-    EXPECT_EQ(run.error, "tamo: cancelled; no picture was written\n");
+    EXPECT_EQ(run.error, "tamo: cancelled; nothing was written\n");
     EXPECT_TRUE(fs::is_empty(folder / "out"));
 }
 

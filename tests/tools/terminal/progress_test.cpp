@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
+#include "support/files/fileContent.h"
 #include "tools/support/ToolRun.h"
 #include "tools/support/VolumeFiles.h"
 
@@ -17,7 +18,7 @@ class Progress : public testing::Test {
     explicit Progress(int side = 70) {
         std::string const dims = std::to_string(side) + "," + std::to_string(side) + "," + std::to_string(side);
         fs::create_directory(_folder / "out");
-        writeBytes(_folder / "a.raw", rawBytes(makeSamples(side, side, side), /*isBigEndian=*/false));
+        writeFile(_folder / "a.raw", rawBytes(makeSamples(side, side, side)));
         _arguments = {"render", (_folder / "a.raw").string(),         "--dims",      dims,     "--type", "int16",
                       "-o",     (_folder / "out" / "a.png").string(), "--adjacency", "N6,N26", "--size", "300x150"};
     }
@@ -54,7 +55,7 @@ TEST_F(Progress, EndsCleanlyAtCtrlCInEveryStage) {
         ToolRun const run = runToolOnTerminal(_arguments, stage);
         EXPECT_EQ(run.status, 128 + SIGINT) << stage << run.error;
         // The line of progress gives way to the message.
-        std::string const message = "\r\033[Ktamo: cancelled; no picture was written\r\n";
+        std::string const message = "\r\033[Ktamo: cancelled; nothing was written\r\n";
         EXPECT_EQ(run.error.rfind(message), run.error.size() - message.size()) << stage << run.error;
         EXPECT_TRUE(fs::is_empty(_folder / "out")) << stage;
     }

@@ -18,7 +18,7 @@ class BoxOfFile : public testing::TestWithParam<TestFormat> {};
 TEST_P(BoxOfFile, HoldsTheVoxelsOfTheWhole) {
     TemporaryFolder const folder;
     GetParam().write(makePhantom(13, 11, 7), folder.path());
-    auto const file = tamo::volume::openVolume({folder / GetParam().fileName, {}, {}, {}, {}, {}, {}}, {});
+    auto const file = tamo::volume::openVolume(sourceOf(folder / GetParam().fileName), {});
     Volume const whole = file->read(tamo::volume::wholeOf({13, 11, 7}), {});
     std::vector<Box> const boxes{{{0, 0, 0}, {0, 0, 0}},
                                  {{12, 10, 6}, {12, 10, 6}},
@@ -43,7 +43,7 @@ TEST_P(BoxOfFile, HoldsTheVoxelsOfTheWhole) {
 TEST_P(BoxOfFile, BeginsWhereItsFirstVoxelLies) {
     TemporaryFolder const folder;
     GetParam().write(makePhantom(13, 11, 7), folder.path());
-    auto const file = tamo::volume::openVolume({folder / GetParam().fileName, {}, {}, {}, {}, {}, {}}, {});
+    auto const file = tamo::volume::openVolume(sourceOf(folder / GetParam().fileName), {});
     Volume const part = file->read({{1, 2, 3}, {11, 8, 4}}, {});
     EXPECT_EQ(part.origin(), file->header().geometry.position({1, 2, 3}));
 }

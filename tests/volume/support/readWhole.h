@@ -9,17 +9,20 @@
 #include <filesystem>
 #include <string>
 
+/// Returns the source that is a file or folder, and nothing more.
+inline tamo::volume::VolumeSource sourceOf(std::filesystem::path const& path) {
+    tamo::volume::VolumeSource source;
+    source.path = path;
+    return source;
+}
+
 /// Opens a source and reads all of it.
 inline tamo::volume::Volume readWhole(tamo::volume::VolumeSource const& source) {
     auto const file = tamo::volume::openVolume(source, {});
     return file->read(tamo::volume::wholeOf(file->header().size), {});
 }
 
-inline tamo::volume::Volume readWhole(std::filesystem::path const& path) {
-    tamo::volume::VolumeSource source;
-    source.path = path;
-    return readWhole(source);
-}
+inline tamo::volume::Volume readWhole(std::filesystem::path const& path) { return readWhole(sourceOf(path)); }
 
 /// Returns a voxel's stored value, its indices counted within the box that was read.
 inline double valueAt(tamo::volume::Volume const& volume, std::int64_t x, std::int64_t y, std::int64_t z) {
@@ -38,8 +41,4 @@ inline std::string refusalOf(tamo::volume::VolumeSource const& source) {
     return {};
 }
 
-inline std::string refusalOf(std::filesystem::path const& path) {
-    tamo::volume::VolumeSource source;
-    source.path = path;
-    return refusalOf(source);
-}
+inline std::string refusalOf(std::filesystem::path const& path) { return refusalOf(sourceOf(path)); }

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "AtlasCommand.h"
 
-#include "PictureFile.h"
+#include "OutputFile.h"
+#include "PngEncoder.h"
 
 #include "../terminal/Progress.h"
 
@@ -76,14 +77,14 @@ void AtlasCommand::run() const {
     picture::PictureSize const size = _picture.readSize();
     picture::View const view = _picture.readView();
 
-    PictureFile file(output);
+    OutputFile file(output);
     std::vector<GLObjectList> lists(systems.size());
     for (std::size_t i = 0; i < lists.size(); ++i) {
         GLObjectListForNeighborhood(systems[i].config, lists[i]);
     }
     std::vector<picture::AtlasSheet::Tile> const tiles = arrangeTiles(configurations, systems, lists);
     std::size_t const columns = lists.size() > 1 ? lists.size() : std::min(kMostColumns, tiles.size());
-    file.write(drawSheet(tiles, columns, view, size));
+    file.write(encodePng(drawSheet(tiles, columns, view, size)));
     std::cout << "picture     " << output.string() << ", " << size.width << " x " << size.height << "\n";
 }
 

@@ -34,14 +34,20 @@ void refuseEmptyValues(CLI::App& app) {
     }
 }
 
+// Returns how to ask for help on a command, or on all where the first word names none.
+std::string helpOf(CLI::App const& app, std::string const& word) {
+    auto const commands = app.get_subcommands([&word](CLI::App const* command) { return command->get_name() == word; });
+    return "see tamo " + (commands.empty() ? "" : word + " ") + "--help";
+}
+
 // Refuses `--option=` with nothing behind it, for which the parser would take the next word.
-void refuseEmptyAssignments(int argumentCount, char const* const* arguments) {
+void refuseEmptyAssignments(CLI::App const& app, int argumentCount, char const* const* arguments) {
     for (int i = 1; i < argumentCount; ++i) {
         std::string const word = arguments[i];
         bool const isAssignment = word.size() > 3 && word.compare(0, 2, "--") == 0 &&
                                   word.find_first_not_of("abcdefghijklmnopqrstuvwxyz-") == word.size() - 1;
         if (isAssignment && word.back() == '=') {
-            throw UsageError(word + ": expected a value right behind it, found none; see tamo --help");
+            throw UsageError(word + ": expected a value right behind it, found none; " + helpOf(app, arguments[1]));
         }
     }
 }
@@ -55,12 +61,6 @@ std::string messageOf(CLI::ParseError const& error) {
                : text;
 }
 
-// Returns how to ask for help on what was wrong: an option of a command is explained by that command.
-std::string helpOf(CLI::App const& app) {
-    bool const isOfCommand = !app.get_subcommands().empty() && app.remaining_size() == 0;
-    return "see tamo " + (isOfCommand ? app.get_subcommands().front()->get_name() + " " : "") + "--help";
-}
-
 // Parses the command line; returns whether there is a command to run, and prints what else is asked for.
 bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
     try {
@@ -69,14 +69,15 @@ bool parse(CLI::App& app, int argumentCount, char const* const* arguments) {
         app.exit(asked);
         return false;
     } catch (CLI::ParseError const& error) {
+        std::string const firstWord = argumentCount > 1 ? arguments[1] : "";
         std::vector<std::string> const unknown = app.remaining(/*recurse=*/true);
         if (app.get_subcommands().empty()) {
             throw UsageError((unknown.empty() ? "" : unknown.front() + ": ") +
-                             "expected a command, info, render or atlas; " + helpOf(app));
+                             "expected a command, info, render or atlas; " + helpOf(app, firstWord));
         }
         // What else is missing may be no more than misspelt.
         throw UsageError((unknown.empty() ? messageOf(error) : "expected no " + CLI::detail::join(unknown, " ")) +
-                         "; " + helpOf(app));
+                         "; " + helpOf(app, firstWord));
     }
     return true;
 }
@@ -92,7 +93,7 @@ void runCommand(Command const& command) {
 } // namespace
 
 void runCommandLine(int argumentCount, char const* const* arguments) {
-    CLI::App app(std::string("Shows volumes and draws the surfaces of their foreground.\n") + kVolumeFormats, "tamo");
+    CLI::App app("Shows volumes and draws the surfaces of their foreground.\n" + volumeFormatsHelp(), "tamo");
     app.set_version_flag("--version", "tamo " TAMO_VERSION);
     app.footer(kExamples);
     app.require_subcommand(1);
@@ -100,7 +101,7 @@ void runCommandLine(int argumentCount, char const* const* arguments) {
     RenderCommand const render(app);
     AtlasCommand const atlas(app);
     refuseEmptyValues(app);
-    refuseEmptyAssignments(argumentCount, arguments);
+    refuseEmptyAssignments(app, argumentCount, arguments);
     if (!parse(app, argumentCount, arguments)) {
         return;
     }

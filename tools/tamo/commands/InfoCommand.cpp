@@ -3,9 +3,8 @@
 #include "InfoCommand.h"
 
 #include "../terminal/Progress.h"
-#include "../volume/ScalarType.h"
-#include "../volume/VolumeReader.h"
-#include "../volume/VoxelStatistics.h"
+#include "VolumeInput.h"
+#include "VolumeReport.h"
 
 #include <iostream>
 #include <string>
@@ -13,28 +12,20 @@
 namespace tamo::tool {
 
 InfoCommand::InfoCommand(CLI::App& program)
-    : Command(program, "info", "Print dimensions, type, spacing, value range and bytes"), _volume(app()) {
-    app().footer(std::string("\n") + kVolumeFormats + "\nExample:\n  tamo info brain.nii.gz");
+    : Command(program, "info", "Print what the file says of a volume, and what its voxels are"), _volume(app()) {
+    app().add_flag("--json", _isJson, "Print one JSON object, for other programs");
+    app().footer("\n" + volumeFormatsHelp() + "\nExample:\n  tamo info brain.nii.gz");
 }
 
 void InfoCommand::run() const {
-    VolumeSource const source = _volume.read();
-    Volume const volume = [&source] {
-        Progress progress("reading");
-        return readVolume(source, progress);
-    }();
-    ValueRange const range = computeValueRange(volume, source.path.string());
-
-    std::cout << "format      " << volume.format << "\n"
-              << "dimensions  " << volume.size[0] << " x " << volume.size[1] << " x " << volume.size[2] << "\n"
-              << "type        " << scalarTypeName(volume.image->GetScalarType()) << "\n"
-              << "spacing     " << volume.spacing[0] << " x " << volume.spacing[1] << " x " << volume.spacing[2]
-              << "\n";
-    if (volume.slope != 1.0 || volume.intercept != 0.0) {
-        std::cout << "scaling     " << volume.slope << " * stored + " << volume.intercept << "\n";
+    auto const file = openInput(_volume.read());
+    volume::Volume const volume = readInput(*file, volume::wholeOf(file->header().size));
+    VolumeReport report{volume.header, lookThrough(volume), {}, volume.bytes()};
+    {
+        Progress progress("comparing");
+        report.kind = findVoxelKind(volume, report.statistics, progress.callback());
     }
-    std::cout << "range       " << numberText(range.min) << " .. " << numberText(range.max) << "\n"
-              << "bytes       " << voxelBytes(volume) << "\n";
+    (_isJson ? printJson : printReport)(report, std::cout);
 }
 
 std::string InfoCommand::memoryMessage() const { return "not enough memory for this volume"; }

@@ -9,7 +9,7 @@
 
 namespace tamo::tool {
 
-/// Prints what a volume is: dimensions, type, spacing, value range, bytes.
+/// Prints what a volume's file says, and what its voxels are.
 class InfoCommand : public Command {
   public:
     explicit InfoCommand(CLI::App& program);
@@ -18,6 +18,7 @@ class InfoCommand : public Command {
 
   private:
     VolumeOptions _volume;
+    bool _isJson = false;
 };
 
 } // namespace tamo::tool

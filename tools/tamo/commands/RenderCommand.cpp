@@ -7,11 +7,11 @@
 #include "../terminal/StageTimer.h"
 #include "../terminal/UsageError.h"
 #include "../terminal/UserError.h"
-#include "../volume/ScalarType.h"
-#include "../volume/VolumeReader.h"
-#include "../volume/VoxelStatistics.h"
-#include "PictureFile.h"
+#include "../terminal/numberText.h"
+#include "OutputFile.h"
+#include "PngEncoder.h"
 #include "Scan.h"
+#include "VolumeInput.h"
 
 #include "picture/Camera.h"
 #include "picture/OffscreenContext.h"
@@ -22,6 +22,7 @@
 
 #include <tamo/surface/TAMO.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <iostream>
@@ -44,9 +45,9 @@ constexpr char const* kExamples =
 
 // Holds what the options ask for.
 struct RenderOptions {
-    VolumeSource source;
+    volume::VolumeSource source;
     std::filesystem::path output;
-    RangeOptions::Limits limits;
+    ForegroundWish wish;
     // At least one; each has a panel of the picture.
     std::vector<NamedSystem> systems;
     ScanRegion region;
@@ -54,54 +55,44 @@ struct RenderOptions {
     picture::View view{};
 };
 
-std::string rangeText(ValueRange range) {
-    if (std::isinf(range.min)) {
-        return "up to " + numberText(range.max);
-    }
-    return std::isinf(range.max) ? "from " + numberText(range.min)
-                                 : numberText(range.min) + " .. " + numberText(range.max);
-}
-
-// Returns the values that are foreground, and prints them.
-ValueRange chooseRange(RenderOptions const& options, Volume const& volume) {
-    ValueRange const found = computeValueRange(volume, options.source.path.string());
-    bool const isAutomatic = !options.limits.min && !options.limits.max;
-    if (isAutomatic && found.min == found.max) {
-        throw UserError(options.source.path.string() +
-                        ": expected two different values to choose --min between, found " + numberText(found.min) +
-                        " alone");
-    }
-    // A bound alone asks for everything on its side.
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    double const min = options.limits.min.value_or(isAutomatic ? computeOtsuThreshold(volume, found) : -kInfinity);
-    ValueRange const range{min, options.limits.max.value_or(kInfinity)};
-    std::cout << "values      " << rangeText(range) << " of " << numberText(found.min) << " .. "
-              << numberText(found.max) << (isAutomatic ? ", --min by Otsu's method" : "") << "\n";
-    return range;
-}
-
-Volume readSource(RenderOptions const& options) {
-    Volume volume = [&options] {
-        Progress progress("reading");
-        return readVolume(options.source, progress);
-    }();
-    std::cout << "volume      " << text(volume.size, " x ") << ", " << scalarTypeName(volume.image->GetScalarType())
-              << ", spacing " << volume.spacing[0] << " x " << volume.spacing[1] << " x " << volume.spacing[2] << "\n";
+// Reads the box and prints what the file says of it.
+volume::Volume readBox(RenderOptions const& options, volume::VolumeFile const& file) {
+    volume::VolumeHeader const& header = file.header();
+    volume::Volume volume = readInput(file, options.region.boxIn(header.size));
+    std::cout << "volume      " << volume::text(header.size, " x ") << ", " << nameOf(header.type) << ", spacing "
+              << spacingText(header.geometry) << "\n";
     return volume;
 }
 
-Scan threshold(RenderOptions const& options, Volume const& volume, Box const& box) {
-    ValueRange const range = chooseRange(options, volume);
-    BinaryVolume binary = [&] {
-        Progress progress("threshold");
-        return makeBinaryVolume(volume, range, box, progress);
+// The value of the segment that the user names.
+ForegroundWish wishOf(RenderOptions const& options, volume::VolumeHeader const& header) {
+    for (volume::LabelName const& label : header.labels) {
+        if (!options.source.segment.empty() && label.name == options.source.segment) {
+            return {label.value, label.value, {}};
+        }
+    }
+    return options.wish;
+}
+
+Scan threshold(RenderOptions const& options, volume::Volume const& volume) {
+    std::string const path = options.source.path.string();
+    volume::VoxelStatistics const found = lookThrough(volume);
+    printNotes(volume.header, found);
+    ForegroundChoice const choice = [&] {
+        Progress progress("choosing");
+        return chooseForeground(volume, found, wishOf(options, volume.header), path, progress.callback());
     }();
-    Scan scan{std::move(binary), static_cast<unsigned int>(options.region.step)};
+    if (found.range) {
+        std::cout << "values      " << text(choice.foreground) << " of " << numberText(found.range->min) << " .. "
+                  << numberText(found.range->max) << (choice.reason.empty() ? "" : ", " + choice.reason) << "\n";
+    }
+    Progress progress("threshold");
+    Scan scan{makeBinaryVolume(volume, choice.foreground, progress.callback()),
+              static_cast<unsigned int>(options.region.step)};
     if (scan.binary.foreground == 0) {
-        throw UserError(options.source.path.string() + ": expected voxels with values " + rangeText(range) +
+        throw UserError(path + ": expected voxels with values " + text(choice.foreground) +
                         " (--min, --max), found none");
     }
-    std::cout << "foreground  " << scan.binary.foreground << " voxels\n";
     return scan;
 }
 
@@ -110,8 +101,8 @@ GLDataInfo count(NamedSystem const& system, RenderOptions const& options, Scan c
     Progress progress("counting");
     progress.announce();
     GLDataInfo info;
-    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(), objects,
-                  info);
+    getGLDataInfo(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.binary.extent(),
+                  objects, info);
     if (info.primitives() == 0) {
         throw UserError("--step " + std::to_string(options.region.step) +
                         ": expected a step that meets the foreground");
@@ -126,8 +117,8 @@ void compileSurface(Scan const& scan, GLObjectList const& objects, picture::Surf
     bool const isScanned = [&] {
         // The scan has a line of its own for this, which names neither file nor option.
         QuietLibraries const quiet;
-        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0}, scan.extent(),
-                          objects, lists);
+        return wrapGlobal(scan.binary.voxels.data(), scan.binary.increments(), scan.step, {0, 0, 0},
+                          scan.binary.extent(), objects, lists);
     }();
     if (!isScanned) {
         // All else that a scan refuses has been refused when it was counted.
@@ -136,8 +127,12 @@ void compileSurface(Scan const& scan, GLObjectList const& objects, picture::Surf
     }
 }
 
-picture::CameraFraming frameForeground(BinaryVolume const& binary, Volume const& geometry, picture::View view) {
-    picture::CameraFraming framing(geometry.axes, geometry.spacing, view);
+picture::CameraFraming frameForeground(BinaryVolume const& binary, volume::GridGeometry const& geometry,
+                                       picture::View view) {
+    // A view is told by a patient's right, front and top.
+    std::array<Vector3, 3> axes = geometry.axes;
+    std::transform(axes.begin(), axes.end(), axes.begin(), volume::flippedToLps);
+    picture::CameraFraming framing(axes, geometry.spacing, view);
     visitRowEnds(binary, [&framing](Vector3 const& voxel) { framing.include(voxel); });
     return framing;
 }
@@ -145,7 +140,7 @@ picture::CameraFraming frameForeground(BinaryVolume const& binary, Volume const&
 // Draws the surface of every system into its panel.
 class PanelPainter {
   public:
-    PanelPainter(RenderOptions const& options, Scan const& scan, Volume const& geometry, int samples)
+    PanelPainter(RenderOptions const& options, Scan const& scan, volume::GridGeometry const& geometry, int samples)
         : _options(options), _scan(scan), _geometry(geometry), _samples(samples), _picture(options.size) {}
 
     void draw(std::size_t i, GLObjectList const& objects, GLDataInfo const& info, StageTimer& timer) {
@@ -160,7 +155,7 @@ class PanelPainter {
                                                                  GLDataInfo const& info) const {
         Progress progress("scanning");
         progress.update(0);
-        Size3 const& first = _scan.binary.first;
+        volume::Size3 const& first = _scan.binary.box.first;
         GLCoord3f const origin(static_cast<float>(first[0]), static_cast<float>(first[1]),
                                static_cast<float>(first[2]));
         auto lists = std::make_unique<picture::SurfaceLists>(origin, info.primitives(), progress.callback());
@@ -188,7 +183,7 @@ class PanelPainter {
 
     RenderOptions const& _options;
     Scan const& _scan;
-    Volume const& _geometry;
+    volume::GridGeometry const& _geometry;
     int _samples;
     picture::Picture _picture;
 };
@@ -199,10 +194,10 @@ RenderCommand::RenderCommand(CLI::App& program)
     : Command(program, "render", "Draw the surface of the foreground into a PNG picture"), _volume(app()),
       _output(app()), _range(app()), _adjacency(app(), "are drawn side by side"), _scan(app()),
       _picture(app(), {"1200x900", "-35,15",
-                       "Degrees. Azimuth 0 looks from the end of the y axis (the front), 90 from that of x (the right "
-                       "side); elevation 90 looks from above"}) {
+                       "Degrees. Azimuth 0 looks at a patient's front, 90 at the right side; elevation 90 looks from "
+                       "above"}) {
     app().add_flag("--verbose", _isVerbose, "Print wall time and peak memory of each stage");
-    app().footer(std::string("\n") + kVolumeFormats + kExamples);
+    app().footer("\n" + volumeFormatsHelp() + kExamples);
 }
 
 void RenderCommand::run() const {
@@ -213,14 +208,14 @@ void RenderCommand::run() const {
                          ": expected at least one pixel of width per adjacency system");
     }
     if (options.source.raw) {
-        Size3 const& size = options.source.raw->size;
-        if (auto const fault = options.region.faultIn(size, "--dims " + text(size, ","))) {
+        volume::Size3 const& size = options.source.raw->size;
+        if (auto const fault = options.region.faultIn(size, "--dims " + volume::text(size, ","))) {
             throw UsageError(*fault);
         }
     }
     int const samples = picture::chooseSamples(options.size);
     StageTimer timer;
-    PictureFile file(options.output);
+    OutputFile file(options.output);
 
     // A machine without OpenGL should not show only once the volume is read.
     picture::OffscreenContext const context(options.size.width * samples, options.size.height * samples);
@@ -231,14 +226,16 @@ void RenderCommand::run() const {
             GLObjectListForNeighborhood(options.systems[i].config, objects[i]);
         }
     });
-    Volume volume = timer.run("read", [&] { return readSource(options); });
-    if (auto const fault = options.region.faultIn(volume.size, options.source.path.string())) {
+    auto const volumeFile = timer.run("open", [&] { return openInput(options.source); });
+    if (auto const fault = options.region.faultIn(volumeFile->header().size, options.source.path.string())) {
         throw UserError(*fault);
     }
-    Box const box = options.region.boxIn(volume.size);
-    Scan const scan = timer.run("threshold", [&] { return threshold(options, volume, box); });
-    // Size, spacing and axes are still needed, the voxels are not.
-    volume.image = nullptr;
+    // Of the voxels only the foreground is kept.
+    Scan const scan = [&] {
+        volume::Volume const volume = timer.run("read", [&] { return readBox(options, *volumeFile); });
+        return timer.run("threshold", [&] { return threshold(options, volume); });
+    }();
+    std::cout << "foreground  " << scan.binary.foreground << " voxels\n";
     std::vector<GLDataInfo> infos(systems);
     timer.run("count", [&] {
         for (std::size_t i = 0; i < systems; ++i) {
@@ -246,11 +243,11 @@ void RenderCommand::run() const {
         }
     });
 
-    PanelPainter painter(options, scan, volume, samples);
+    PanelPainter painter(options, scan, volumeFile->header().geometry, samples);
     for (std::size_t i = 0; i < systems; ++i) {
         painter.draw(i, objects[i], infos[i], timer);
     }
-    timer.run("write", [&] { file.write(painter.picture()); });
+    timer.run("write", [&] { file.write(encodePng(painter.picture())); });
     std::cout << "picture     " << options.output.string() << ", " << options.size.width << " x " << options.size.height
               << "\n";
     if (_isVerbose) {

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../volume/BinaryVolume.h"
-
-#include <tamo/geometry/GLtVec3.h>
+#include "../foreground/BinaryVolume.h"
 
 namespace tamo::tool {
 
@@ -12,9 +10,6 @@ namespace tamo::tool {
 struct Scan {
     BinaryVolume binary;
     unsigned int step;
-
-    /// Returns the box's sides, as a scan takes them.
-    [[nodiscard]] GLtVec3<int> extent() const { return {binary.size[0], binary.size[1], binary.size[2]}; }
 };
 
 } // namespace tamo::tool

@@ -9,24 +9,40 @@ namespace tamo::tool {
 
 RangeOptions::RangeOptions(CLI::App& command) {
     command
-        .add_option("--min", _min, "Smallest value of the foreground (default: by Otsu's method, or any with --max)")
+        .add_option("--min", _min,
+                    "Smallest value of the foreground (default: chosen by what the voxels are, or any with --max)")
         ->type_name("V");
     command.add_option("--max", _max, "Largest value of the foreground, itself included (default: any)")
         ->type_name("V");
+    command
+        .add_option("--as", _as,
+                    "What the voxels are: of labels all but 0 is foreground, of grey values what Otsu's method finds "
+                    "(default: told by the voxels)")
+        ->type_name("labels|grey");
 }
 
-RangeOptions::Limits RangeOptions::read() const {
-    Limits limits;
+ForegroundWish RangeOptions::read() const {
+    ForegroundWish wish;
     if (!_min.empty()) {
-        limits.min = parseNumber("--min", _min);
+        wish.min = parseNumber("--min", _min);
     }
     if (!_max.empty()) {
-        limits.max = parseNumber("--max", _max);
+        wish.max = parseNumber("--max", _max);
     }
-    if (limits.min && limits.max && *limits.min > *limits.max) {
+    if (wish.min && wish.max && *wish.min > *wish.max) {
         throw UsageError("--min " + _min + ": expected at most --max " + _max);
     }
-    return limits;
+    if (_as == "labels") {
+        wish.kind = volume::VoxelKind::Labels;
+    } else if (_as == "grey") {
+        wish.kind = volume::VoxelKind::Grey;
+    } else if (!_as.empty()) {
+        throw UsageError("--as " + _as + ": expected labels or grey");
+    }
+    if (wish.kind && (wish.min || wish.max)) {
+        throw UsageError("--as " + _as + ": expected without --min and --max, which choose the foreground themselves");
+    }
+    return wish;
 }
 
 } // namespace tamo::tool

@@ -21,7 +21,7 @@ ScanRegion ScanOptions::read() const {
     return region;
 }
 
-std::optional<Box> ScanOptions::readBox() const {
+std::optional<volume::Box> ScanOptions::readBox() const {
     if (_box.empty()) {
         return {};
     }
@@ -30,7 +30,7 @@ std::optional<Box> ScanOptions::readBox() const {
     std::string const expected =
         "six whole numbers X0,Y0,Z0,X1,Y1,Z1 from 0 to " + std::to_string(kLast) + ", the first voxel and the last";
     auto const v = parseWholes("--box", _box, ',', 6, 0, kLast, expected);
-    Box const box{{v[0], v[1], v[2]}, {v[3], v[4], v[5]}};
+    volume::Box const box{{v[0], v[1], v[2]}, {v[3], v[4], v[5]}};
     for (std::size_t axis = 0; axis < 3; ++axis) {
         if (box.first[axis] > box.last[axis]) {
             throw UsageError("--box " + _box + ": expected " + expected + ", which must not lie before it");

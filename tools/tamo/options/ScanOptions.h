@@ -21,7 +21,7 @@ class ScanOptions {
     [[nodiscard]] ScanRegion read() const;
 
   private:
-    [[nodiscard]] std::optional<Box> readBox() const;
+    [[nodiscard]] std::optional<volume::Box> readBox() const;
 
     std::string _step = "1";
     std::string _box;

@@ -10,18 +10,28 @@ namespace tamo::tool {
 
 namespace {
 
-std::string boxText(Box const& box) { return "--box " + text(box.first, ",") + "," + text(box.last, ","); }
+using volume::Box;
+using volume::Size3;
+
+std::string boxText(Box const& box) {
+    return "--box " + volume::text(box.first, ",") + "," + volume::text(box.last, ",");
+}
 
 // Returns what keeps a box from being scanned, wherever it lies; `name` says whose it is.
 std::optional<std::string> faultOfBox(Box const& box, int step, std::string const& name) {
     Size3 const sides = box.sides();
-    int const smallest = *std::min_element(sides.begin(), sides.end());
+    std::int64_t const smallest = *std::min_element(sides.begin(), sides.end());
     if (step > smallest) {
         return "--step " + std::to_string(step) + ": expected at most " + std::to_string(smallest) +
                ", the smallest side of the box";
     }
-    // The scan takes the address distance of two slices as an int.
-    if (std::int64_t{sides[0]} * sides[1] > std::numeric_limits<int>::max()) {
+    // The scan takes sides, and the address distance of two slices, as ints.
+    std::int64_t const longest = *std::max_element(sides.begin(), sides.end());
+    if (longest > std::numeric_limits<int>::max()) {
+        return name + ": expected sides of less than 2^31 voxels, found " + std::to_string(longest) +
+               "; give a smaller --box";
+    }
+    if (sides[0] * sides[1] > std::numeric_limits<int>::max()) {
         return name + ": expected slices of less than 2^31 voxels, found " + std::to_string(sides[0]) + " x " +
                std::to_string(sides[1]) + "; give a smaller --box";
     }
@@ -30,14 +40,12 @@ std::optional<std::string> faultOfBox(Box const& box, int step, std::string cons
 
 } // namespace
 
-Box ScanRegion::boxIn(Size3 const& size) const {
-    return box.value_or(Box{{0, 0, 0}, {size[0] - 1, size[1] - 1, size[2] - 1}});
-}
+Box ScanRegion::boxIn(Size3 const& size) const { return box.value_or(volume::wholeOf(size)); }
 
 std::optional<std::string> ScanRegion::faultIn(Size3 const& size, std::string const& name) const {
     for (std::size_t axis = 0; axis < 3; ++axis) {
         if (box && box->last[axis] >= size[axis]) {
-            return boxText(*box) + ": expected voxels inside the volume of " + text(size, " x ");
+            return boxText(*box) + ": expected voxels inside the volume of " + volume::text(size, " x ");
         }
     }
     return faultOfBox(boxIn(size), step, name);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../volume/Box.h"
+#include "volume/Box.h"
 
 #include <optional>
 #include <string>
@@ -14,13 +14,13 @@ struct ScanRegion {
     /// The distance of the voxels used, at least 1.
     int step = 1;
     /// All of the volume where there is none.
-    std::optional<Box> box;
+    std::optional<volume::Box> box;
 
     /// Returns the box to scan in a volume of a size.
-    [[nodiscard]] Box boxIn(Size3 const& size) const;
+    [[nodiscard]] volume::Box boxIn(volume::Size3 const& size) const;
     /// Returns in one line why a volume of a size, whose source is called `name`, cannot be scanned so; nothing where
     /// it can.
-    [[nodiscard]] std::optional<std::string> faultIn(Size3 const& size, std::string const& name) const;
+    [[nodiscard]] std::optional<std::string> faultIn(volume::Size3 const& size, std::string const& name) const;
     /// Returns likewise why no volume can.
     [[nodiscard]] std::optional<std::string> faultAnywhere() const;
 };

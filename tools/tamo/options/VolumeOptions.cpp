@@ -3,8 +3,10 @@
 #include "VolumeOptions.h"
 
 #include "../terminal/UsageError.h"
-#include "../volume/ScalarType.h"
 #include "OptionValues.h"
+
+#include "volume/Orientation.h"
+#include "volume/openVolume.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -15,14 +17,16 @@ namespace tamo::tool {
 
 namespace {
 
-template <typename T> std::array<T, 3> triple(std::vector<T> const& values) {
+using volume::kScalarTypes;
+
+template <typename T, typename U> std::array<T, 3> triple(std::vector<U> const& values) {
     return {values[0], values[1], values[2]};
 }
 
 std::string typeNames() {
     std::vector<std::string> names;
     names.reserve(kScalarTypes.size());
-    for (ScalarType const& type : kScalarTypes) {
+    for (volume::ScalarTypeInfo const& type : kScalarTypes) {
         names.emplace_back(type.name);
     }
     return alternatives(names);
@@ -30,30 +34,42 @@ std::string typeNames() {
 
 } // namespace
 
+std::string volumeFormatsHelp() { return "Volumes: " + volume::supportedFormats() + ".\n"; }
+
 VolumeOptions::VolumeOptions(CLI::App& command) {
     command.add_option("volume", _volume, "File or folder of the volume")->required()->type_name("VOLUME");
+    command.add_option("--frame", _frame, "Which of several volumes in a file, from 0")->type_name("T");
+    command.add_option("--channel", _channel, "Which of several channels, from 0")->type_name("C");
+    command.add_option("--series", _series, "Which of several DICOM series: its number or UID")->type_name("N|UID");
+    command.add_option("--segment", _segment, "Which segment of a segmentation, by its name")->type_name("NAME");
+    command.add_option("--spacing", _spacing, "Millimetres between voxels, in place of the file's")->type_name("X,Y,Z");
+    command
+        .add_option("--orientation", _orientation,
+                    "Where x, y and z lead, for files that do not say: to a patient's Right or Left, Anterior or "
+                    "Posterior, Superior or Inferior (default LPS)")
+        ->type_name("LPS|RAS|...");
     command.add_option("--dims", _dims, "Bare voxels: their number along x, y and z, each at least 2, x fastest")
         ->type_name("X,Y,Z");
     command.add_option("--type", _type, "Bare voxels: " + typeNames())->type_name("TYPE");
     command.add_option("--header", _header, "Bare voxels: bytes before the first one (default 0)")->type_name("BYTES");
     command.add_flag("--big-endian", _isBigEndian, "Bare voxels: the most significant byte comes first");
-    command.add_option("--spacing", _spacing, "Distance between voxels, in place of the file's")->type_name("X,Y,Z");
 }
 
-RawLayout VolumeOptions::readLayout() const {
+volume::RawLayout VolumeOptions::readLayout() const {
     if (_dims.empty() || _type.empty()) {
         throw UsageError(std::string(_dims.empty() ? "--dims" : "--type") +
                          ": expected with bare voxels, together with " + (_dims.empty() ? "--type" : "--dims"));
     }
-    RawLayout layout;
-    layout.size = triple(parseWholes("--dims", _dims, ',', 3, 2, kMostVoxels,
-                                     "three whole numbers from 2 to " + std::to_string(kMostVoxels) + ": X,Y,Z"));
+    volume::RawLayout layout;
+    layout.size =
+        triple<std::int64_t>(parseWholes("--dims", _dims, ',', 3, 2, kMostVoxels,
+                                         "three whole numbers from 2 to " + std::to_string(kMostVoxels) + ": X,Y,Z"));
     auto const type = std::find_if(kScalarTypes.begin(), kScalarTypes.end(),
-                                   [this](ScalarType const& candidate) { return candidate.name == _type; });
+                                   [this](volume::ScalarTypeInfo const& candidate) { return candidate.name == _type; });
     if (type == kScalarTypes.end()) {
         throw UsageError("--type " + _type + ": expected " + typeNames());
     }
-    layout.vtkType = type->vtkType;
+    layout.type = type->type;
     layout.isBigEndian = _isBigEndian;
     // Files have signed 64-bit sizes.
     constexpr std::int64_t kMostBytes = std::numeric_limits<std::int64_t>::max();
@@ -62,17 +78,35 @@ RawLayout VolumeOptions::readLayout() const {
     return layout;
 }
 
-VolumeSource VolumeOptions::read() const {
-    VolumeSource source;
+std::optional<std::int64_t> VolumeOptions::readIndex(std::string const& option, std::string const& text) {
+    if (text.empty()) {
+        return {};
+    }
+    return parseWhole(option, text, 0, kMostVoxels);
+}
+
+volume::VolumeSource VolumeOptions::read() const {
+    volume::VolumeSource source;
     source.path = _volume;
+    source.frame = readIndex("--frame", _frame);
+    source.channel = readIndex("--channel", _channel);
+    source.series = _series;
+    source.segment = _segment;
     if (!_dims.empty() || !_type.empty() || !_header.empty() || _isBigEndian) {
         source.raw = readLayout();
     }
     if (!_spacing.empty()) {
         std::string const expected = "three positive numbers: X,Y,Z";
-        source.spacing = triple(parseNumbers("--spacing", _spacing, ',', 3, expected));
+        source.spacing = triple<double>(parseNumbers("--spacing", _spacing, ',', 3, expected));
         if (*std::min_element(source.spacing->begin(), source.spacing->end()) <= 0) {
             throw UsageError("--spacing " + _spacing + ": expected " + expected);
+        }
+    }
+    if (!_orientation.empty()) {
+        source.axes = volume::parseOrientation(_orientation);
+        if (!source.axes) {
+            throw UsageError("--orientation " + _orientation +
+                             ": expected three letters, one of R and L, one of A and P, one of S and I, such as LPS");
         }
     }
     return source;

@@ -2,30 +2,31 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../volume/VolumeSource.h"
+#include "volume/RawLayout.h"
+#include "volume/VolumeSource.h"
 
 #include <CLI/CLI.hpp>
 
 #include <string>
+#include <vector>
 
 namespace tamo::tool {
 
-/// Says in help texts what a volume may be.
-inline constexpr char const* kVolumeFormats =
-    "Volumes: NIfTI (.nii, .nii.gz), MetaImage (.mha, .mhd), NRRD (.nrrd, .nhdr),\n"
-    "multi-page TIFF (.tif, .tiff), VTK image data (.vti), a folder of PNG, TIFF or\n"
-    "DICOM slices, and bare voxels with --dims and --type.\n";
+/// Names what `VolumeOptions` reads, for the help.
+std::string volumeFormatsHelp();
 
-/// The name of a volume, and the options that say what its file does not.
+/// The options that say where a volume is, which of several, and what its file does not say.
 class VolumeOptions {
   public:
     explicit VolumeOptions(CLI::App& command);
 
-    /// Throws `UsageError` for a value that its option does not take.
-    [[nodiscard]] VolumeSource read() const;
+    /// Throws `UsageError` for values that no volume can have.
+    [[nodiscard]] volume::VolumeSource read() const;
 
   private:
-    [[nodiscard]] RawLayout readLayout() const;
+    [[nodiscard]] volume::RawLayout readLayout() const;
+    /// Reads a number counted from 0, or nothing where the option is not given.
+    [[nodiscard]] static std::optional<std::int64_t> readIndex(std::string const& option, std::string const& text);
 
     std::string _volume;
     std::string _dims;
@@ -33,6 +34,11 @@ class VolumeOptions {
     std::string _header;
     bool _isBigEndian = false;
     std::string _spacing;
+    std::string _orientation;
+    std::string _frame;
+    std::string _channel;
+    std::string _series;
+    std::string _segment;
 };
 
 } // namespace tamo::tool

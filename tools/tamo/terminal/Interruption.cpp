@@ -13,44 +13,63 @@ namespace tamo::tool {
 
 namespace {
 
-constexpr std::array<int, 3> kSignals{SIGINT, SIGTERM, SIGHUP};
+// By which people and systems stop a program: it says so.
+constexpr std::array<int, 4> kStops{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+// All others that end a program unless it handles them, and that it can handle: limits of time and size, timers, pipes,
+// and its own faults.
+constexpr std::array<int, 16> kEnds{SIGALRM, SIGVTALRM, SIGPROF, SIGXCPU, SIGXFSZ, SIGPIPE, SIGUSR1, SIGUSR2,
+                                    SIGPOLL, SIGABRT,   SIGSEGV, SIGBUS,  SIGFPE,  SIGILL,  SIGSYS,  SIGTRAP};
 
 // What a signal handler may touch: plain storage, and a flag that says whether it holds a path.
 std::array<char, 4096> unfinishedFile;
 std::atomic<bool> hasUnfinishedFile{false};
 
-extern "C" void stopProgram(int signal) {
+void removeUnfinishedFile() {
     if (hasUnfinishedFile) {
         unlink(unfinishedFile.data());
     }
+}
+
+extern "C" void stopProgram(int signal) {
+    removeUnfinishedFile();
     Progress::wipe();
-    static constexpr char kMessage[] = "tamo: cancelled; no picture was written\n";
+    static constexpr char kMessage[] = "tamo: cancelled; nothing was written\n";
     [[maybe_unused]] auto const written = write(Progress::terminal(), kMessage, sizeof kMessage - 1);
     // Dying of the signal itself tells the calling shell that this was a cancellation.
     raise(signal);
 }
 
+extern "C" void endProgram(int signal) {
+    removeUnfinishedFile();
+    raise(signal);
+}
+
+void handle(int signal, void (*handler)(int)) {
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    struct sigaction inherited = {};
+    sigaction(signal, nullptr, &inherited);
+    // Handlers of others, as the sanitizers have, know better.
+    if (inherited.sa_handler == SIG_DFL) {
+        sigaction(signal, &action, nullptr);
+    }
+}
+
 } // namespace
 
 void installInterruption() {
-    struct sigaction action = {};
-    action.sa_handler = stopProgram;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
-    for (int const signal : kSignals) {
-        struct sigaction inherited = {};
-        sigaction(signal, nullptr, &inherited);
-        if (inherited.sa_handler != SIG_IGN) {
-            sigaction(signal, &action, nullptr);
-        }
+    for (int const signal : kStops) {
+        handle(signal, stopProgram);
+    }
+    for (int const signal : kEnds) {
+        handle(signal, endProgram);
     }
 }
 
 HeldInterruption::HeldInterruption() : _before() {
     sigset_t held;
-    sigemptyset(&held);
-    for (int const signal : kSignals) {
-        sigaddset(&held, signal);
-    }
+    sigfillset(&held);
     pthread_sigmask(SIG_BLOCK, &held, &_before);
 }
 

@@ -7,16 +7,17 @@
 
 namespace tamo::tool {
 
-/// Lets Ctrl-C (and the signals that end a terminal or a session) stop the program at once, whatever library runs, with
-/// one line on standard error; the file of `setUnfinishedFile` is removed first. A signal that the caller of the
-/// program ignores, as nohup does, stays ignored.
+/// Lets every signal that ends a program, SIGKILL apart, remove the file of `setUnfinishedFile` first, whatever library
+/// runs. Those by which people and systems stop a program (Ctrl-C, Ctrl-\, the end of a terminal or a session) say so
+/// in one line on standard error. The program dies of the signal itself. A signal that the caller of the program
+/// ignores, as nohup does, stays ignored.
 void installInterruption();
 
 /// Names the file to remove on an interruption; an empty name for none. Paths of 4096 bytes and more are ignored.
 void setUnfinishedFile(std::string const& path);
 
-/// Holds the signals of `installInterruption` back while it lives; they are handled at its end. For the thread that
-/// makes it, so it belongs where no library has started others yet, and around moments only.
+/// Holds all signals back while it lives; they are handled at its end. For the thread that makes it, so it belongs
+/// where no library has started others yet, and around moments only.
 class HeldInterruption {
   public:
     HeldInterruption();

@@ -22,9 +22,12 @@ class Progress {
     /// Shows `fraction`, in [0, 1]. Cheap enough for every slice: draws ten times a second at most.
     void update(double fraction);
 
-    /// Returns `update`, for work that knows of no terminal. Valid as long as this.
-    [[nodiscard]] std::function<void(double)> callback() {
-        return [this](double fraction) { update(fraction); };
+    /// Returns `update`, for work that knows of no terminal; it always returns true, to go on. Valid as long as this.
+    [[nodiscard]] std::function<bool(double)> callback() {
+        return [this](double fraction) {
+            update(fraction);
+            return true;
+        };
     }
 
     /// Names the descriptor that stands for standard error while that one is redirected.

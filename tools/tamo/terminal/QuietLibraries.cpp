@@ -4,10 +4,6 @@
 
 #include "Progress.h"
 
-#include <vtkObjectFactory.h>
-#include <vtkOutputWindow.h>
-#include <vtkSmartPointer.h>
-
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -15,30 +11,6 @@
 namespace tamo::tool {
 
 namespace {
-
-// Swallows VTK's messages and remembers that there was an error.
-class SilentWindow : public vtkOutputWindow {
-  public:
-    static SilentWindow* New();
-    void DisplayText(char const*) override {}
-    void DisplayErrorText(char const*) override { hasError = true; }
-    void DisplayWarningText(char const*) override {}
-    void DisplayGenericWarningText(char const*) override {}
-    void DisplayDebugText(char const*) override {}
-
-    bool hasError = false;
-};
-
-vtkStandardNewMacro(SilentWindow);
-
-SilentWindow& silentWindow() {
-    static vtkSmartPointer<SilentWindow> const window = [] {
-        auto made = vtkSmartPointer<SilentWindow>::New();
-        vtkOutputWindow::SetInstance(made);
-        return made;
-    }();
-    return *window;
-}
 
 int redirectToNull(int descriptor) {
     int const saved = fcntl(descriptor, F_DUPFD_CLOEXEC, 3);
@@ -60,7 +32,6 @@ void restore(int descriptor, int saved) {
 } // namespace
 
 QuietLibraries::QuietLibraries() {
-    silentWindow().hasError = false;
     std::fflush(stdout);
     _standardOutput = redirectToNull(STDOUT_FILENO);
     _standardError = redirectToNull(STDERR_FILENO);
@@ -73,7 +44,5 @@ QuietLibraries::~QuietLibraries() {
     restore(STDERR_FILENO, _standardError);
     Progress::setTerminal(STDERR_FILENO);
 }
-
-bool QuietLibraries::hasVtkError() const { return silentWindow().hasError; }
 
 } // namespace tamo::tool

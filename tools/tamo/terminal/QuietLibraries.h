@@ -4,19 +4,14 @@
 
 namespace tamo::tool {
 
-/// Keeps what libraries print off the terminal while it lives, and knows whether VTK reported an error.
-///
-/// VTK's readers report errors as messages only and hand out what they have got; the libraries below them print on
-/// standard output and standard error. Only one may exist at a time.
+/// Keeps off the terminal, while it lives, what is printed below the program: by the scan, which has a line of its own
+/// for want of memory, and by OpenGL drivers. Only one may exist at a time.
 class QuietLibraries {
   public:
     QuietLibraries();
     ~QuietLibraries();
     QuietLibraries(QuietLibraries const&) = delete;
     QuietLibraries& operator=(QuietLibraries const&) = delete;
-
-    /// Returns whether VTK reported an error since construction.
-    [[nodiscard]] bool hasVtkError() const;
 
   private:
     int _standardOutput;

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include "../VolumeHeader.h"
+#include "../VolumeSource.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamo::volume {
+
+/// Returns which of `count` channels, frames or the like (`name` is the word for one) to take. Throws `Error` where
+/// there are several and none is wanted, or where the one that is wanted does not exist.
+std::int64_t chooseOne(std::filesystem::path const& path, std::string const& name, std::int64_t count,
+                       std::optional<std::int64_t> wanted);
+
+/// Returns which series is meant by the source, by number or UID. Throws `Error` likewise.
+std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> const& series);
+
+} // namespace tamo::volume

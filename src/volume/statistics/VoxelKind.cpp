@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#include "VoxelKind.h"
+
+#include <algorithm>
+
+namespace tamo::volume {
+
+VoxelKind findVoxelKind(Volume const& volume, VoxelStatistics const& statistics, Progress const& progress) {
+    bool const isFinite = statistics.nan + statistics.positiveInfinite + statistics.negativeInfinite == 0;
+    if (statistics.values && statistics.values->size() == 2 && isFinite) {
+        return VoxelKind::Mask;
+    }
+    if (!statistics.areWhole) {
+        return VoxelKind::Grey;
+    }
+    if (volume.header.isLabelMap) {
+        return VoxelKind::Labels;
+    }
+    constexpr std::size_t kMostLabels = 256;
+    if (!statistics.values || statistics.values->empty() || statistics.values->size() > kMostLabels) {
+        return VoxelKind::Grey;
+    }
+    auto const mostFrequent =
+        std::max_element(statistics.values->begin(), statistics.values->end(),
+                         [](ValueCount const& a, ValueCount const& b) { return a.voxels < b.voxels; });
+    NeighbourShares const shares = computeNeighbourShares(volume, mostFrequent->value, progress);
+    bool const isSmooth = statistics.values->size() >= kFewestLevels && shares.oneApart > kMostOneApart;
+    return shares.equal >= kLeastEqualNeighbours && !isSmooth ? VoxelKind::Labels : VoxelKind::Grey;
+}
+
+} // namespace tamo::volume
