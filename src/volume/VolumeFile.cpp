@@ -13,10 +13,11 @@ namespace tamo::volume {
 
 namespace {
 
+constexpr auto kPage = std::align_val_t{std::size_t{1} << 21U};
+
 // Returns memory that is not cleared: every byte will be overwritten. In large pages, where there are enough bytes for
 // many: the first touch of each page of 4 KiB costs more than to copy what it holds.
 std::shared_ptr<unsigned char> allocate(std::uint64_t bytes) {
-    constexpr auto kPage = std::align_val_t{std::size_t{1} << 21U};
     constexpr std::uint64_t kMany = std::uint64_t{1} << 25U;
     if (bytes < kMany) {
         return {new unsigned char[bytes], std::default_delete<unsigned char[]>()};
@@ -24,7 +25,7 @@ std::shared_ptr<unsigned char> allocate(std::uint64_t bytes) {
     auto* const memory = static_cast<unsigned char*>(::operator new[](bytes, kPage));
     // A wish only: systems without large pages refuse it.
     static_cast<void>(madvise(memory, bytes, MADV_HUGEPAGE));
-    return {memory, [kPage](unsigned char* address) { ::operator delete[](address, kPage); }};
+    return {memory, [](unsigned char* address) { ::operator delete[](address, kPage); }};
 }
 
 } // namespace

@@ -12,19 +12,20 @@ constexpr int kBlank = -1;
 constexpr int kOther = -2;
 
 // What each character stands for: the value of a digit, or one of the above.
-constexpr std::array<signed char, 256> makeDigits() {
-    std::array<signed char, 256> digits{};
-    for (std::size_t c = 0; c < digits.size(); ++c) {
-        digits[c] = static_cast<signed char>(c >= '0' && c <= '9'                   ? c - '0'
-                                             : c >= 'a' && c <= 'f'                 ? c - 'a' + 10
-                                             : c >= 'A' && c <= 'F'                 ? c - 'A' + 10
-                                             : c == ' ' || (c >= '\t' && c <= '\r') ? kBlank
-                                                                                    : kOther);
+constexpr std::array<int, 256> makeDigits() {
+    std::array<int, 256> digits{};
+    for (int c = 0; c < 256; ++c) {
+        bool const isBlank = c == ' ' || (c >= '\t' && c <= '\r');
+        digits[static_cast<std::size_t>(c)] = c >= '0' && c <= '9'   ? c - '0'
+                                              : c >= 'a' && c <= 'f' ? c - 'a' + 10
+                                              : c >= 'A' && c <= 'F' ? c - 'A' + 10
+                                              : isBlank              ? kBlank
+                                                                     : kOther;
     }
     return digits;
 }
 
-constexpr std::array<signed char, 256> kDigits = makeDigits();
+constexpr std::array<int, 256> kDigits = makeDigits();
 
 } // namespace
 
