@@ -20,7 +20,7 @@ TEST(CommandLine, WithAnUnknownArgumentPointsToTheHelpOfItsCommand) {
     EXPECT_TRUE(isUsageRefusal(runTool({"info", "a.mha", "--min", "1"}), "expected no --min 1; see tamo info --help"));
     EXPECT_TRUE(
         isUsageRefusal(runTool({"render", "a.mha", "-o", "a.png", "another"}), "another; see tamo render --help"));
-    EXPECT_TRUE(isUsageRefusal(runTool({"atlas", "-o", "a.png", "a.mha"}), "a.nii; see tamo atlas --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"atlas", "-o", "a.png", "a.mha"}), "a.mha; see tamo atlas --help"));
     EXPECT_TRUE(isUsageRefusal(runTool({"--colour", "info", "a.mha"}), "--colour; see tamo --help"));
 }
 
@@ -51,6 +51,12 @@ TEST(CommandLine, DoesNotTakeTheNextWordForAValueLeftEmpty) {
         EXPECT_TRUE(isUsageRefusal(run, std::string(option) + ": expected a value")) << run.error;
     }
     EXPECT_TRUE(isInputRefusal(runTool({"render", "a.mha", "-o", "a.png", "--size=40x40"}), "a.mha"));
+}
+
+TEST(CommandLine, PointsToTheHelpOfTheCommandWhoseOptionIsLeftEmpty) {
+    EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.mha", "--min="}), "--min=: expected a value right behind it"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"render", "a.mha", "--min="}), "see tamo render --help"));
+    EXPECT_TRUE(isUsageRefusal(runTool({"--min=", "render"}), "see tamo --help"));
 }
 
 TEST(Help, IsPrintedOnStandardOutput) {

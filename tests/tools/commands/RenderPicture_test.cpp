@@ -93,8 +93,8 @@ bool isOnTripod(int x, int y, int z) {
 
 TEST(Picture, ShowsTheRightSideOnTheLeftFromTheFront) {
     TemporaryFolder const folder;
-    PngPicture const picture(
-        draw(folder, {20, 20, 20}, isOnTripod, {"--view", "0,0", "--size", "200x200", "--min", "1"}));
+    PngPicture const picture(draw(folder, {20, 20, 20}, isOnTripod,
+                                  {"--view", "0,0", "--size", "200x200", "--min", "1", "--orientation", "RAS"}));
     // The x axis leads to the left, the z axis up; the corner they share is at the lower right.
     int const middle = 100;
     EXPECT_FALSE(picture.isBackground(185, middle + 25));
@@ -138,6 +138,34 @@ TEST(Picture, FollowsThePatientsAxesWhateverTheOrderOfTheVoxels) {
     // The cell's cut is not symmetric: corners may differ by parts of a voxel.
     EXPECT_LT(different, 150 * 150 / 50);
     EXPECT_GT(a.coverage(), 0.05);
+}
+
+TEST(Picture, IsTheSameWhetherTheFileStatesTheUsualAxesOrNone) {
+    TemporaryFolder const folder;
+    Samples body{{20, 20, 20}, {}};
+    for (int i = 0; i < 8000; ++i) {
+        body.values.push_back(isOnTripod(i % 20, i / 20 % 20, i / 400) ? 1 : 0);
+    }
+    std::string const meta = "NDims = 3\nDimSize = 20 20 20\nElementType = MET_SHORT\n";
+    std::string const nrrd = "NRRD0005\ntype: short\ndimension: 3\nsizes: 20 20 20\nencoding: raw\nendian: little\n";
+    writeFile(folder / "none.mha", meta + "ElementDataFile = LOCAL\n" + rawBytes(body));
+    writeFile(folder / "same.mha",
+              meta + "TransformMatrix = 1 0 0 0 1 0 0 0 1\nElementDataFile = LOCAL\n" + rawBytes(body));
+    writeFile(folder / "none.nrrd", nrrd + "\n" + rawBytes(body));
+    writeFile(folder / "same.nrrd",
+              nrrd + "space: left-posterior-superior\nspace directions: (1,0,0) (0,1,0) (0,0,1)\n\n" + rawBytes(body));
+    writeFile(folder / "none.raw", rawBytes(body));
+    std::vector<std::string> pictures;
+    for (std::string const name : {"none.mha", "same.mha", "none.nrrd", "same.nrrd", "none.raw"}) {
+        std::vector<std::string> arguments{
+            "render", (folder / name).string(), "-o", (folder / "a.png").string(), "--size", "100x100"};
+        if (name == "none.raw") {
+            arguments.insert(arguments.end(), {"--dims", "20,20,20", "--type", "int16"});
+        }
+        EXPECT_EQ(runTool(arguments).status, 0) << name;
+        pictures.push_back(readFile(folder / "a.png"));
+    }
+    EXPECT_EQ(std::count(pictures.begin(), pictures.end(), pictures.front()), 5);
 }
 
 TEST(Picture, OfABoxIsThatOfAVolumeEmptyElsewhere) {
