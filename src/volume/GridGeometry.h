@@ -12,7 +12,8 @@ namespace tamo::volume {
 /// Says where voxels lie in space, in millimetres; x leads towards a patient's left, y to the back, z to the top (LPS).
 ///
 /// The centre of voxel (i, j, k) lies at origin + i spacing[0] axes[0] + j spacing[1] axes[1] + k spacing[2] axes[2].
-/// What a file does not say is assumed: a spacing of 1, the origin (0, 0, 0), the axes of LPS, millimetres.
+/// What a file does not say is assumed: a spacing of 1, the origin (0, 0, 0), the axes of LPS, millimetres; or what its
+/// format assumes.
 struct GridGeometry {
     /// Distances of neighbouring voxels along the axes, positive.
     Vector3 spacing{1, 1, 1};

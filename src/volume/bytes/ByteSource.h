@@ -29,12 +29,16 @@ enum class Packing {
     None,
     /// zlib or gzip; a gzip file may consist of several streams, one after another.
     Gzip,
+    /// Several streams, one after another, likewise.
     Bzip2,
-    /// Two hexadecimal digits per byte, blanks between them.
+    /// Two hexadecimal digits per byte, the higher one first, blanks and line breaks anywhere between them.
     Hex,
 };
 
 /// Opens the bytes of a file from byte `start` of the file on. A file that cannot be read has no bytes.
 std::unique_ptr<ByteSource> openBytes(std::filesystem::path const& path, std::uint64_t start, Packing packing);
+
+/// Returns how many bytes `packed` bytes may hold at most: what a header claims beyond that needs no memory.
+std::uint64_t mostUnpackedBytes(Packing packing, std::uint64_t packed);
 
 } // namespace tamo::volume

@@ -3,18 +3,10 @@
 #include "GzipBytes.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace tamo::volume {
 
-namespace {
-
-constexpr std::size_t kBufferBytes = 1 << 16;
-
-} // namespace
-
-GzipBytes::GzipBytes(std::filesystem::path const& path, std::uint64_t start)
-    : _file(path, start), _input(kBufferBytes), _unwanted(kBufferBytes) {
+GzipBytes::GzipBytes(std::filesystem::path const& path, std::uint64_t start) : PackedBytes(path, start) {
     // 32 more than the largest window makes zlib tell the two kinds of stream apart.
     constexpr int kAnyHeader = MAX_WBITS + 32;
     _isGood = inflateInit2(&_stream, kAnyHeader) == Z_OK;
@@ -22,42 +14,19 @@ GzipBytes::GzipBytes(std::filesystem::path const& path, std::uint64_t start)
 
 GzipBytes::~GzipBytes() { inflateEnd(&_stream); }
 
-bool GzipBytes::read(unsigned char* target, std::uint64_t bytes) {
-    constexpr std::uint64_t kMost = std::numeric_limits<unsigned int>::max();
-    while (bytes > 0) {
-        auto const part = static_cast<unsigned int>(std::min(bytes, kMost));
-        _stream.next_out = target;
+std::uint64_t GzipBytes::unpack(unsigned char* target, std::uint64_t bytes) {
+    constexpr std::uint64_t kMost = 1U << 30U;
+    std::uint64_t done = 0;
+    while (_isGood && done < bytes) {
+        auto const part = static_cast<unsigned int>(std::min(bytes - done, kMost));
+        _stream.next_out = target + done;
         _stream.avail_out = part;
         while (_isGood && _stream.avail_out > 0) {
             expand();
         }
-        if (_stream.avail_out > 0) {
-            return false;
-        }
-        target += part;
-        bytes -= part;
+        done += part - _stream.avail_out;
     }
-    return true;
-}
-
-bool GzipBytes::skip(std::uint64_t bytes) {
-    while (bytes > 0) {
-        std::uint64_t const part = std::min<std::uint64_t>(bytes, kBufferBytes);
-        if (!read(_unwanted.data(), part)) {
-            return false;
-        }
-        bytes -= part;
-    }
-    return true;
-}
-
-bool GzipBytes::finish() {
-    while (_isGood && !_isAtEnd) {
-        _stream.next_out = _unwanted.data();
-        _stream.avail_out = static_cast<unsigned int>(kBufferBytes);
-        expand();
-    }
-    return _isAtEnd;
+    return done;
 }
 
 void GzipBytes::expand() {
@@ -70,14 +39,9 @@ void GzipBytes::expand() {
     _isGood = result == Z_OK || (_isAtEnd && startNextMember());
 }
 
-// Moves what is left of the input to the front of its buffer and reads on behind it.
 void GzipBytes::fill() {
-    if (_stream.avail_in > 0) {
-        std::copy_n(_stream.next_in, _stream.avail_in, _input.begin());
-    }
-    std::uint64_t const got = _file.readSome(_input.data() + _stream.avail_in, _input.size() - _stream.avail_in);
-    _stream.next_in = _input.data();
-    _stream.avail_in += static_cast<unsigned int>(got);
+    _stream.avail_in = static_cast<unsigned int>(refill(_stream.next_in, _stream.avail_in));
+    _stream.next_in = input();
 }
 
 bool GzipBytes::startNextMember() {

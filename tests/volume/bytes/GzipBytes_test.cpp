@@ -4,23 +4,13 @@
 
 #include "support/files/TemporaryFolder.h"
 #include "support/files/fileContent.h"
+#include "volume/support/packed.h"
 
 #include <gtest/gtest.h>
 
 #include <zlib.h>
 
 namespace {
-
-// Many bytes that do not pack well.
-std::string noise(std::size_t count) {
-    std::string bytes;
-    std::uint32_t state = 1;
-    while (bytes.size() < count) {
-        state = state * 1664525U + 1013904223U;
-        bytes += static_cast<char>(state >> 24U);
-    }
-    return bytes;
-}
 
 std::string gzipped(std::string const& bytes, int windowBits) {
     z_stream stream{};

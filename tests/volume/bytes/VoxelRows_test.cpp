@@ -42,6 +42,37 @@ TEST(VoxelRows, ReadEveryBoxInTheOrderOfTheWhole) {
     }
 }
 
+TEST(VoxelRows, AreReversedWhateverTheirWidth) {
+    for (int const bytes : {1, 2, 3, 4, 8, 16}) {
+        // More numbers than a register holds, and not a multiple of that.
+        std::vector<unsigned char> data(static_cast<std::size_t>(bytes) * 37);
+        std::vector<unsigned char> expected(data.size());
+        for (std::size_t i = 0; i < data.size(); ++i) {
+            std::size_t const width = static_cast<std::size_t>(bytes);
+            data[i] = static_cast<unsigned char>(i);
+            expected[i / width * width + width - 1 - i % width] = data[i];
+        }
+        tamo::volume::reverseScalars(data.data(), 37, bytes);
+        EXPECT_EQ(data, expected) << bytes;
+    }
+}
+
+TEST(VoxelRows, OfSlicesTooLargeToBeReadTogetherAreTheSame) {
+    TemporaryFolder const folder;
+    std::string bytes;
+    for (std::uint32_t i = 0; i < 300 * 300 * 3; ++i) {
+        bytes += numberBytes(i, /*isBigEndian=*/true);
+    }
+    writeFile(folder / "a", bytes);
+    std::vector<std::uint32_t> voxels(300 * 300 * 2);
+    auto const source = tamo::volume::openBytes(folder / "a", 0, tamo::volume::Packing::None);
+    ASSERT_TRUE(readBox(*source, {{300, 300, 3}, ScalarType::UInt32, true}, {{0, 0, 1}, {299, 299, 2}},
+                        reinterpret_cast<unsigned char*>(voxels.data()), {}));
+    for (std::uint32_t i = 0; i < voxels.size(); ++i) {
+        ASSERT_EQ(voxels[i], i + 300 * 300);
+    }
+}
+
 TEST(VoxelRows, DoNotReadPastTheEndOfTheFile) {
     TemporaryFolder const folder;
     writeFile(folder / "a", indices().substr(0, 119));

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The TAMO authors
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include "../VolumeFile.h"
+#include "../VolumeSource.h"
+#include "../bytes/VoxelFiles.h"
+
+#include <memory>
+#include <string>
+
+namespace tamo::volume {
+
+/// A volume whose header of text lines says where its voxels stand.
+class TextHeaderFile : public VolumeFile {
+  public:
+    TextHeaderFile(std::filesystem::path path, VolumeHeader header, VoxelFiles voxels)
+        : VolumeFile(std::move(path), std::move(header)), _voxels(std::move(voxels)) {}
+
+  private:
+    void readVoxels(Box const& box, unsigned char* target, Progress const& progress) const override {
+        _voxels.read(box, target, progress);
+    }
+
+    VoxelFiles _voxels;
+};
+
+/// Opens the volume of a header whose type, size, number of frames and frame are set; of `voxels` it sets what follows
+/// from those. Throws `Error` where files are missing or too short, or the geometry is not finite.
+std::unique_ptr<VolumeFile> openVoxelFiles(VolumeSource const& source, VolumeHeader header, VoxelFiles voxels);
+
+/// Returns the products of the coordinates of two vectors, one by one; no zero among them is negative.
+inline Vector3 scaled(Vector3 const& a, Vector3 const& b) {
+    return {a[0] * b[0] + 0.0, a[1] * b[1] + 0.0, a[2] * b[2] + 0.0};
+}
+
+/// Gives a header the spacing of its file, in millimetres. A negative one turns the axis round, and a note says so.
+void setSpacing(VolumeHeader& header, Vector3 const& spacing);
+
+/// Returns how many millimetres a file's unit of length is; a note says so where it is not known. Keeps the unit's name
+/// unless it is empty.
+double millimetresOf(VolumeHeader& header, std::string const& unit);
+
+} // namespace tamo::volume
