@@ -55,7 +55,7 @@ class BmpPicture : public Picture {
         auto const width = static_cast<std::int32_t>(numberAt(&header[4], side));
         auto const height = static_cast<std::int32_t>(numberAt(&header[4] + side, side));
         _isTopDown = height < 0;
-        setShape(width, std::abs(std::int64_t{height}), ScalarType::UInt8);
+        setShape(width, std::abs(std::int64_t{height}), ScalarType::UInt8, 8);
         _bits = numberAt(&header[6] + 2 * side, 2);
         std::uint32_t const compression = isCore ? 0 : numberAt(&header[16], 4);
         if (_bits == 16 || _bits == 24 || _bits == 32) {

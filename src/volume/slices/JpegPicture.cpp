@@ -77,7 +77,7 @@ class JpegPicture : public Picture {
         if (_jpeg.num_components != 1) {
             throwColour(path());
         }
-        setShape(_jpeg.image_width, _jpeg.image_height, ScalarType::UInt8);
+        setShape(_jpeg.image_width, _jpeg.image_height, ScalarType::UInt8, 8);
         // A block of 64 pixels takes a bit at least.
         constexpr std::uint64_t kMostPerByte = 512;
         checkExpansion(static_cast<std::uint64_t>(width()) * static_cast<std::uint64_t>(height()), kMostPerByte);

@@ -8,7 +8,6 @@
 #include <cctype>
 #include <cerrno>
 #include <cstring>
-#include <string>
 #include <system_error>
 #include <vector>
 
@@ -31,7 +30,7 @@ void Picture::read(Box const& box, unsigned char* target) {
     }
 }
 
-void Picture::setShape(std::int64_t width, std::int64_t height, ScalarType type) {
+void Picture::setShape(std::int64_t width, std::int64_t height, ScalarType type, int bits) {
     if (width < 1 || height < 1 || !isCountable({width, height, 1})) {
         throw Error(_path, "expected a picture with pixels, found " + std::to_string(width) + " x " +
                                std::to_string(height) + "; the file is damaged");
@@ -39,6 +38,7 @@ void Picture::setShape(std::int64_t width, std::int64_t height, ScalarType type)
     _width = width;
     _height = height;
     _type = type;
+    _bits = bits;
 }
 
 void Picture::checkExpansion(std::uint64_t unpackedBytes, std::uint64_t mostPerByte) const {

@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace tamo::volume {
 
@@ -25,6 +27,15 @@ class Picture {
     [[nodiscard]] std::int64_t width() const { return _width; }
     [[nodiscard]] std::int64_t height() const { return _height; }
     [[nodiscard]] ScalarType type() const { return _type; }
+    /// Returns of how many bits the file's numbers are: the range of 1, 2 and 4 does not show in the type.
+    [[nodiscard]] int bits() const { return _bits; }
+    /// Returns what is not as the file stores it, as a note of a header; empty where all is.
+    [[nodiscard]] std::string const& note() const { return _note; }
+    /// Returns whether both may be slices of one volume.
+    [[nodiscard]] bool isLike(Picture const& other) const {
+        return _width == other._width && _height == other._height && _type == other._type && _bits == other._bits &&
+               _note == other._note;
+    }
 
     /// Writes the pixels in the x and y range of a box that lies inside the picture to `target`, x fastest, without
     /// gaps, in the machine's byte order. May be called once. Throws `Error` where the file does not hold them.
@@ -34,7 +45,8 @@ class Picture {
     explicit Picture(std::filesystem::path path) : _path(std::move(path)) {}
 
     /// States what the header says. Throws `Error` where a side is not positive.
-    void setShape(std::int64_t width, std::int64_t height, ScalarType type);
+    void setShape(std::int64_t width, std::int64_t height, ScalarType type, int bits);
+    void setNote(std::string note) { _note = std::move(note); }
     /// Throws `Error` where `unpackedBytes` bytes are more than the file can expand to, each byte to `mostPerByte`.
     void checkExpansion(std::uint64_t unpackedBytes, std::uint64_t mostPerByte) const;
 
@@ -46,6 +58,8 @@ class Picture {
     std::int64_t _width = 0;
     std::int64_t _height = 0;
     ScalarType _type = ScalarType::UInt8;
+    int _bits = 8;
+    std::string _note;
 };
 
 enum class PictureFormat {

@@ -66,8 +66,9 @@ class PngPicture : public Picture {
         if (png_get_color_type(_png, _info) != PNG_COLOR_TYPE_GRAY || png_get_valid(_png, _info, PNG_INFO_tRNS) != 0) {
             throwColour(path());
         }
+        int const bits = png_get_bit_depth(_png, _info);
         setShape(png_get_image_width(_png, _info), png_get_image_height(_png, _info),
-                 png_get_bit_depth(_png, _info) == 16 ? ScalarType::UInt16 : ScalarType::UInt8);
+                 bits == 16 ? ScalarType::UInt16 : ScalarType::UInt8, bits);
         // Deflate repeats at most 258 bytes for 2 bits.
         constexpr std::uint64_t kMostPerByte = 1032;
         checkExpansion(png_get_rowbytes(_png, _info) * static_cast<std::uint64_t>(height()), kMostPerByte);

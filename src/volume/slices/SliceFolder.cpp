@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 std::string shapeOf(Picture const& picture) {
     return std::to_string(picture.width()) + " x " + std::to_string(picture.height()) + " pixels of " +
-           std::string(nameOf(picture.type()));
+           std::string(nameOf(picture.type())) + " from " + std::to_string(picture.bits()) + " bits";
 }
 
 class SliceFolder : public VolumeFile {
@@ -53,9 +53,12 @@ std::unique_ptr<VolumeFile> openSlices(VolumeSource const& source, std::vector<f
     auto const first = openPicture(slices.front(), format);
     header.type = first->type();
     header.size = {first->width(), first->height(), static_cast<std::int64_t>(slices.size())};
+    if (!first->note().empty()) {
+        header.notes.push_back(first->note());
+    }
     for (std::size_t i = 1; i < slices.size(); ++i) {
         auto const slice = openPicture(slices[i], format);
-        if (slice->width() != first->width() || slice->height() != first->height() || slice->type() != first->type()) {
+        if (!slice->isLike(*first)) {
             throw Error(slices[i], "expected the size and type of " + slices.front().filename().string() + ", " +
                                        shapeOf(*first) + ", found " + shapeOf(*slice));
         }

@@ -35,7 +35,7 @@ std::vector<fs::directory_entry> entriesOf(fs::path const& folder) {
 
 bool isHidden(fs::path const& path) { return path.filename().string().front() == '.'; }
 
-// The links of links that lead to nothing or in a circle have no status.
+// Links that lead to nothing, or in a circle, are of no type rather than an error.
 fs::file_type typeOf(fs::directory_entry const& entry) {
     std::error_code error;
     return entry.status(error).type();

@@ -174,9 +174,7 @@ std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const&
     header.type = stack.page.type;
     header.size = {stack.page.width, stack.page.height, 1};
     if (stack.page.isZeroWhite) {
-        header.notes.emplace_back(stack.page.isInverted()
-                                      ? "0 is white in the file; its values are inverted, so that brighter is higher"
-                                      : "0 is white in the file; its values are left as they are");
+        header.notes.push_back(noteOf(stack.page));
     }
     if (auto const ome = parseOmeText(description, source.path)) {
         return openOme(std::move(opening), *ome);

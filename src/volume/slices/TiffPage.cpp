@@ -105,6 +105,14 @@ TiffPage currentPage(TiffHandle const& file) {
     return page;
 }
 
+std::string noteOf(TiffPage const& page) {
+    if (!page.isZeroWhite) {
+        return {};
+    }
+    return page.isInverted() ? "0 is white in the file; its values are inverted, so that brighter is higher"
+                             : "0 is white in the file; its values are left as they are";
+}
+
 void checkUnpacked(TiffHandle const& file, std::uint64_t& unpacked) {
     bool const isTiled = TIFFIsTiled(file.get()) != 0;
     std::uint64_t const parts =
@@ -153,7 +161,8 @@ class TiffPicture : public Picture {
   public:
     TiffPicture(std::shared_ptr<TiffHandle> file, TiffPage const& page)
         : Picture(file->path()), _file(std::move(file)), _page(page) {
-        setShape(page.width, page.height, page.type);
+        setShape(page.width, page.height, page.type, page.bits);
+        setNote(noteOf(page));
     }
 
   private:

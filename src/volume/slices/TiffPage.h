@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace tamo::volume {
@@ -43,6 +44,9 @@ bool isReducedPage(TiffHandle const& file);
 /// Describes the current page. Throws `Error` where it has several numbers per pixel or a palette, numbers that are of
 /// no type, or more of them than the file's bytes can expand to.
 TiffPage currentPage(TiffHandle const& file);
+
+/// Returns a note of a page whose 0 is white; empty for others.
+std::string noteOf(TiffPage const& page);
 
 /// Adds to `unpacked` the bytes that reading the current page makes; throws `Error` where the sum is more than the file
 /// can expand to under the page's compression.

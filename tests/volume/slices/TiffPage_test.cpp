@@ -115,6 +115,28 @@ TEST_F(TiffPages, AreReadUnderEveryCompression) {
     }
 }
 
+TEST_F(TiffPages, OfJpegDataThatEndTooEarlyAreRefused) {
+    TiffOptions options;
+    options.compression = COMPRESSION_JPEG;
+    write(makePicture(40, 32), options);
+    EXPECT_EQ(refusal(), "");
+    tamo::volume::TiffHandle const file(_path);
+    std::string const end = "\xFF\xD9";
+    std::size_t const at = TIFFGetStrileOffset(file.get(), 1) + TIFFGetStrileByteCount(file.get(), 1) / 2;
+    writeFile(_path, readFile(_path).replace(at, 2, end));
+    EXPECT_NE(refusal(), "");
+}
+
+TEST_F(TiffPages, WithTagsBehindTheEndOfTheFileAreRefused) {
+    TiffOptions options;
+    options.description = "ImageJ=1.53t";
+    std::string page = pageWithOpenEnd(makePicture(8, 8), options, false);
+    // The place of the description, the fifth tag.
+    constexpr std::size_t kPlaceAt = 10 + 4 * 12 + 8;
+    writeFile(_path, page.replace(kPlaceAt, 4, numberBytes<std::uint32_t>(100000)));
+    EXPECT_NE(refusal(), "");
+}
+
 TEST_F(TiffPages, HalfFloatsKeepEveryValue) {
     TiffPage page;
     page.type = ScalarType::Float32;

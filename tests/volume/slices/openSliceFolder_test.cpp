@@ -89,7 +89,8 @@ TEST_F(SliceFolder, WithAMissingOrDoubledSliceIsRefused) {
 
 TEST_F(SliceFolder, OfSlicesThatDifferIsRefusedByTheSlice) {
     writeSlices(3);
-    for (TestPicture const& other : {makePicture(6, 4), makePicture(5, 5), makePicture(5, 4, 16)}) {
+    for (TestPicture const& other :
+         {makePicture(6, 4), makePicture(5, 5), makePicture(5, 4, 16), makePicture(5, 4, 4)}) {
         writePng(_folder / "s1.png", other);
         EXPECT_TRUE(isRefusedWith("s1.png: expected", "s0.png")) << refusal();
     }
@@ -160,6 +161,18 @@ TEST_F(SliceFolder, OfTiffFilesThatHoldImagesWithoutPagesIsRefused) {
         writeFile(_folder / name, pageWithOpenEnd(flat(1), options, false));
     }
     EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(SliceFolder, OfTiffFilesWhoseZeroIsWhiteIsInvertedWithANote) {
+    TiffOptions options;
+    options.photometric = PHOTOMETRIC_MINISWHITE;
+    TiffWriter(_folder / "s1.tif", "w").addPage(flat(1), options);
+    TiffWriter(_folder / "s2.tif", "w").addPage(flat(2), options);
+    Volume const volume = readWhole(_folder.path());
+    EXPECT_EQ(valueAt(volume, 0, 0, 1), 253);
+    EXPECT_EQ(volume.header.notes.size(), 1U);
+    TiffWriter(_folder / "s2.tif", "w").addPage(flat(2));
+    EXPECT_TRUE(isRefusedWith("s2.tif: expected")) << refusal();
 }
 
 TEST_F(SliceFolder, IsAskedForWhereAPictureIsGiven) {

@@ -67,7 +67,8 @@ void TiffWriter::addPage(TestPicture const& picture, TiffOptions const& options)
         TIFFSetField(file, TIFFTAG_TILELENGTH, kTileSide);
         writeTiles(file, picture);
     } else {
-        constexpr int kRowsPerStrip = 4;
+        // JPEG wants a multiple of 8.
+        constexpr int kRowsPerStrip = 8;
         TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, kRowsPerStrip);
         writeRows(file, picture);
     }

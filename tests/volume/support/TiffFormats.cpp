@@ -8,7 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Signed numbers, as the phantom's are; `describe` gives the first page's description.
+// Signed numbers, as the phantom's are; the description is that of the first page only.
 void writeStack(Phantom const& phantom, fs::path const& path, char const* mode, TiffOptions options) {
     TiffWriter writer(path, mode);
     options.sampleFormat = SAMPLEFORMAT_INT;
