@@ -2,12 +2,28 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "chooseOne.h"
 
-#include "../Error.h"
+#include "Error.h"
 #include "quoted.h"
 
 #include <algorithm>
 
 namespace tamo::volume {
+
+namespace {
+
+// Of what a choice is made from, as many are listed; a document may hold thousands.
+constexpr std::size_t kMostListed = 20;
+
+// Lists the names of labels, or the first of very many.
+std::string namesOf(std::vector<LabelName> const& labels) {
+    std::string names;
+    for (std::size_t i = 0; i < std::min(labels.size(), kMostListed); ++i) {
+        names += (i > 0 ? ", " : "") + labels[i].name;
+    }
+    return labels.empty() ? "no named segments" : names + (labels.size() > kMostListed ? ", ..." : "");
+}
+
+} // namespace
 
 std::int64_t chooseOne(std::filesystem::path const& path, std::string const& name, std::int64_t count,
                        std::optional<std::int64_t> wanted) {
@@ -34,8 +50,6 @@ std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> con
     if (chosen != series.end()) {
         return static_cast<std::size_t>(chosen - series.begin());
     }
-    // Enough to choose from; a document may hold thousands.
-    constexpr std::size_t kMostListed = 20;
     std::string choices;
     for (std::size_t i = 0; i < std::min(series.size(), kMostListed); ++i) {
         choices += (i > 0 ? ", " : "") + series[i].number + " (" + quoted(series[i].description) + ", " +
@@ -44,6 +58,16 @@ std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> con
     throw Error(source.path, (source.series.empty() ? "expected one series" : "expected a series " + source.series) +
                                  ", found " + std::to_string(series.size()) + ": " + choices +
                                  "; choose one with --series");
+}
+
+std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels) {
+    auto const segment = std::find_if(labels.begin(), labels.end(),
+                                      [&source](LabelName const& label) { return label.name == source.segment; });
+    if (segment == labels.end()) {
+        throw Error(source.path, "expected a segment called " + quoted(source.segment) + ", found " + namesOf(labels) +
+                                     "; choose one with --segment");
+    }
+    return segment->frame;
 }
 
 } // namespace tamo::volume
