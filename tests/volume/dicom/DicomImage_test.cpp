@@ -11,8 +11,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-
 // The line that a series is refused with after a change of all its slices.
 std::string refusalAfter(std::function<void(DcmDataset&)> const& change) {
     TemporaryFolder const folder;

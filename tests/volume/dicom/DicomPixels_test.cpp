@@ -10,7 +10,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using tamo::volume::ScalarType;
 using tamo::volume::Volume;
 
@@ -83,9 +82,10 @@ TEST(DicomPixels, OfEightBitsStandInWords) {
         TemporaryFolder const folder;
         writeDicomSlices(makePhantom(5, 3, 2), folder.path(), syntax, [](DcmDataset& dataset, int z) {
             setBits(dataset, 8, 8, 7, false);
-            std::vector<Uint16> words;
+            std::vector<Uint16> words(8);
             for (int i = 0; i < 8; ++i) {
-                words.push_back(static_cast<Uint16>((2 * i + 1 + 100 * z) << 8 | (2 * i + 100 * z)));
+                words[static_cast<std::size_t>(i)] =
+                    static_cast<Uint16>((2 * i + 1 + 100 * z) << 8 | (2 * i + 100 * z));
             }
             ASSERT_TRUE(dataset.putAndInsertUint16Array(DcmTag(DCM_PixelData, EVR_OW), words.data(), 8).good());
         });

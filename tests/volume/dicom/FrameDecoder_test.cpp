@@ -32,9 +32,9 @@ std::vector<unsigned char> baselineJpeg() {
     jpeg_set_quality(&jpeg, 100, TRUE);
     jpeg_start_compress(&jpeg, TRUE);
     for (int y = 0; y < 8; ++y) {
-        std::vector<unsigned char> row;
+        std::vector<unsigned char> row(16);
         for (int x = 0; x < 16; ++x) {
-            row.push_back(static_cast<unsigned char>(8 * x));
+            row[static_cast<std::size_t>(x)] = static_cast<unsigned char>(8 * x);
         }
         unsigned char* rows = row.data();
         jpeg_write_scanlines(&jpeg, &rows, 1);
