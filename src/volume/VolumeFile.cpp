@@ -13,7 +13,10 @@ namespace tamo::volume {
 
 namespace {
 
-constexpr auto kPage = std::align_val_t{std::size_t{1} << 21U};
+// The size of a large page.
+constexpr std::align_val_t kPage{std::size_t{1} << 21U};
+
+void deleteLarge(unsigned char* address) { ::operator delete[](address, kPage); }
 
 // Returns memory that is not cleared: every byte will be overwritten. In large pages, where there are enough bytes for
 // many: the first touch of each page of 4 KiB costs more than to copy what it holds.
@@ -25,7 +28,7 @@ std::shared_ptr<unsigned char> allocate(std::uint64_t bytes) {
     auto* const memory = static_cast<unsigned char*>(::operator new[](bytes, kPage));
     // A wish only: systems without large pages refuse it.
     static_cast<void>(madvise(memory, bytes, MADV_HUGEPAGE));
-    return {memory, [](unsigned char* address) { ::operator delete[](address, kPage); }};
+    return {memory, deleteLarge};
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "openVolume.h"
 
 #include "Error.h"
+#include "chooseOne.h"
 #include "formats/VolumeFormats.h"
 
 #include <algorithm>
@@ -98,16 +99,6 @@ void checkSize(VolumeHeader const& header, fs::path const& path) {
     }
 }
 
-// Lists the names of labels, or the first of very many.
-std::string namesOf(std::vector<LabelName> const& labels) {
-    constexpr std::size_t kShown = 20;
-    std::string names;
-    for (std::size_t i = 0; i < std::min(labels.size(), kShown); ++i) {
-        names += (i > 0 ? ", " : "") + labels[i].name;
-    }
-    return labels.empty() ? "no named segments" : names + (labels.size() > kShown ? ", ..." : "");
-}
-
 // Readers that know of several frames, channels, series or segments have taken the one that the source names, or
 // refused it; of the others there is but one.
 void checkChoices(VolumeHeader const& header, VolumeSource const& source) {
@@ -118,12 +109,12 @@ void checkChoices(VolumeHeader const& header, VolumeSource const& source) {
         throw Error(source.path, "expected a file of several channels with --channel, found one; leave it out");
     }
     if (!source.series.empty() && header.series.empty()) {
-        throw Error(source.path, "expected DICOM with --series, found " + header.format + "; leave it out");
+        throw Error(source.path,
+                    "expected a file of several series with --series, found " + header.format + "; leave it out");
     }
-    auto const isWanted = [&source](LabelName const& label) { return label.name == source.segment; };
-    if (!source.segment.empty() && std::none_of(header.labels.begin(), header.labels.end(), isWanted)) {
-        throw Error(source.path, "expected a segment called \"" + source.segment + "\" for --segment, found " +
-                                     namesOf(header.labels));
+    if (!source.segment.empty() && frameOfSegment(source, header.labels) != header.frame) {
+        throw Error(source.path, "expected a segment of the frame " + std::to_string(header.frame) +
+                                     " for --segment, found one of another frame; leave out --frame");
     }
 }
 

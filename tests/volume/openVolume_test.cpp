@@ -84,7 +84,7 @@ TEST_F(OpenVolume, RefusesBareVoxelsOfAnotherNumber) {
 TEST_F(OpenVolume, RefusesChoicesThatTheFileDoesNotHave) {
     VolumeSource source = raw();
     source.segment = "liver";
-    EXPECT_TRUE(holds(refusalOf(source), "--segment"));
+    EXPECT_TRUE(holds(refusalOf(source), "found no named segments"));
     source = raw();
     source.series = "3";
     EXPECT_TRUE(holds(refusalOf(source), "--series"));

@@ -4,7 +4,9 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <locale>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -43,6 +45,20 @@ template <typename T> bool parseNumber(std::string_view word, T& value) {
     } else {
         return result.ec == std::errc();
     }
+}
+
+/// Reads all of a text as a number from 0 to 2^31 - 1, digits alone; nothing for other texts.
+inline std::optional<std::int64_t> parseCount(std::string_view text) {
+    std::int32_t number = 0;
+    bool const isCount = !text.empty() && text[0] != '+' && parseNumber(text, number) && number >= 0;
+    return isCount ? std::optional<std::int64_t>(number) : std::nullopt;
+}
+
+/// Reads all of a text as a finite number above 0; nothing for other texts.
+inline std::optional<double> parsePositive(std::string_view text) {
+    double number = 0;
+    bool const isPositive = parseNumber(text, number) && std::isfinite(number) && number > 0;
+    return isPositive ? std::optional(number) : std::nullopt;
 }
 
 } // namespace tamo::volume

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
+#include "../chooseOne.h"
 #include "../formats/VolumeFormats.h"
-#include "../slices/chooseOne.h"
 #include "DicomDirectory.h"
 #include "DicomFolder.h"
 #include "DicomPixels.h"
@@ -85,10 +85,10 @@ void addLabels(DicomImage const& image, DicomStack const& stack, VolumeHeader& h
     if (!image.isSegmentation) {
         return;
     }
-    bool const isBinary = image.format.bitsAllocated == 1;
+    bool const isBinary = image.format.bitsAllocated == 1 || !stack.segments.empty();
     for (auto const& [number, name] : image.segments) {
         LabelName label{isBinary ? 1.0 : static_cast<double>(number), name};
-        for (std::size_t frame = 0; isBinary && frame < stack.segments.size(); ++frame) {
+        for (std::size_t frame = 0; frame < stack.segments.size(); ++frame) {
             if (std::strtod(stack.segments[frame].c_str(), nullptr) == static_cast<double>(number)) {
                 label.frame = static_cast<std::int64_t>(frame);
             }

@@ -3,6 +3,7 @@
 #include "DicomMarks.h"
 
 #include "../Error.h"
+#include "../chooseOne.h"
 #include "DicomText.h"
 
 #include <algorithm>
@@ -93,21 +94,20 @@ std::string listed(std::vector<Marked> const& frames) {
     return list + (frames.size() > kMostListed ? ", ..." : "");
 }
 
-// The frame that the source names: by its number, or by the segment that it holds.
+// The frame that the source names: by its number, or by the segment that it holds. -1 where it names none.
 std::int64_t wantedFrame(MarkedSeries const& series, std::vector<Marked> const& frames, bool areSegments) {
-    if (series.source.frame || !areSegments) {
+    if (series.source.frame || !areSegments || series.source.segment.empty()) {
         return series.source.frame.value_or(-1);
     }
+    std::vector<LabelName> labels;
     for (auto const& [number, name] : series.images[frames.front().slice.image].segments) {
-        auto const isIt = [wanted = static_cast<double>(number)](Marked const& marked) {
-            return marked.numbers.first == wanted;
-        };
-        auto const found = std::find_if(frames.begin(), frames.end(), isIt);
-        if (name == series.source.segment && found != frames.end()) {
-            return found - frames.begin();
+        for (std::size_t frame = 0; frame < frames.size(); ++frame) {
+            if (frames[frame].numbers.first == static_cast<double>(number)) {
+                labels.push_back({1, name, static_cast<std::int64_t>(frame)});
+            }
         }
     }
-    return -1;
+    return frameOfSegment(series.source, labels);
 }
 
 [[noreturn]] void refuseDoubled(MarkedSeries const& series, std::vector<StackSlice> const& place) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "DicomSeries.h"
 
-#include "../slices/chooseOne.h"
+#include "../chooseOne.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 #include "DicomStack.h"
 
 #include "../Error.h"
-#include "../slices/chooseOne.h"
+#include "../chooseOne.h"
 #include "DicomMarks.h"
 #include "DicomText.h"
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
 #include "../bytes/TextVoxels.h"
+#include "../chooseOne.h"
 #include "LegacyVtkHeader.h"
 #include "StoredFile.h"
 #include "VolumeFormats.h"
-#include "chosenFrame.h"
 
 #include <cmath>
 #include <vector>
@@ -55,7 +55,7 @@ class VtkTextFile : public VolumeFile {
 
 std::unique_ptr<VolumeFile> openLegacyVtk(VolumeSource const& source, Progress const& progress) {
     LegacyVtkHeader header = readLegacyVtkHeader(source.path, progress);
-    header.volume.frame = chosenFrame(source, 1);
+    header.volume.frame = chooseOne(source.path, "frame", 1, source.frame);
     if (header.isText) {
         return std::make_unique<VtkTextFile>(source.path, header);
     }

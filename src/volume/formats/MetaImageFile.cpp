@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
+#include "../chooseOne.h"
 #include "DataFiles.h"
 #include "HeaderText.h"
 #include "TextHeaderFile.h"
 #include "VolumeFormats.h"
-#include "chosenFrame.h"
 
 #include <algorithm>
 
@@ -190,7 +190,7 @@ std::unique_ptr<VolumeFile> openMetaImage(VolumeSource const& source, Progress c
     applyGeometry(volume, header, axes);
     VoxelFiles const voxels = locateVoxels(header, sizes, lines);
     volume.frames = axes == 4 ? sizes[3] : 1;
-    volume.frame = chosenFrame(source, volume.frames);
+    volume.frame = chooseOne(source.path, "frame", volume.frames, source.frame);
     return openVoxelFiles(source, std::move(volume), voxels);
 }
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
+#include "../chooseOne.h"
 #include "StoredFile.h"
 #include "VolumeFormats.h"
-#include "chosenFrame.h"
 
 #include <algorithm>
 #include <array>
@@ -160,7 +160,7 @@ std::unique_ptr<VolumeFile> openMgh(VolumeSource const& source, Progress const&)
     voxels.frames = header.frames;
     // Behind the voxels stand the scanner's parameters, which say nothing of the volume.
     static_cast<void>(bytesBehind(voxels));
-    header.frame = chosenFrame(source, header.frames);
+    header.frame = chooseOne(source.path, "frame", header.frames, source.frame);
     return std::make_unique<StoredFile>(source.path, std::move(header), std::move(voxels));
 }
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
+#include "../chooseOne.h"
 #include "NiftiHeader.h"
 #include "StoredFile.h"
 #include "VolumeFormats.h"
-#include "chosenFrame.h"
 
 #include <algorithm>
 #include <cctype>
@@ -66,7 +66,7 @@ std::unique_ptr<VolumeFile> openNifti(VolumeSource const& source, Progress const
     if (std::uint64_t const behind = bytesBehind(voxels); behind > 0) {
         header.volume.notes.push_back(std::to_string(behind) + " bytes behind the voxels were left out");
     }
-    header.volume.frame = chosenFrame(source, header.volume.frames);
+    header.volume.frame = chooseOne(source.path, "frame", header.volume.frames, source.frame);
     return std::make_unique<StoredFile>(source.path, std::move(header.volume), std::move(voxels));
 }
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
+#include "../chooseOne.h"
 #include "NpyHeader.h"
 #include "StoredFile.h"
 #include "VolumeFormats.h"
-#include "chosenFrame.h"
 
 #include <algorithm>
 #include <array>
@@ -183,7 +183,7 @@ std::unique_ptr<VolumeFile> openNpy(VolumeSource const& source, Progress const&)
         throw Error(source.path, "expected an array that ends with the file, found " + std::to_string(behind) +
                                      " more bytes; the file is damaged");
     }
-    header.frame = chosenFrame(source, header.frames);
+    header.frame = chooseOne(source.path, "frame", header.frames, source.frame);
     return std::make_unique<NpyFile>(source.path, std::move(header), std::move(voxels), npy.isFortranOrder, isHalf);
 }
 

@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
+#include "../chooseOne.h"
 #include "DataFiles.h"
 #include "NrrdGeometry.h"
 #include "NrrdHeader.h"
 #include "TextHeaderFile.h"
 #include "VolumeFormats.h"
-#include "chosenFrame.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tamo::volume {
 
@@ -160,8 +161,10 @@ std::unique_ptr<VolumeFile> openNrrd(VolumeSource const& source, Progress const&
     applyNrrdGeometry(volume, header);
     VoxelFiles const voxels = locateVoxels(header, volume.type, lines);
     volume.frames = header.frameAxis ? header.sizes[*header.frameAxis] : 1;
-    volume.frame = chosenFrame(source, volume.frames);
     applySegments(volume, header);
+    bool const isSegmentWanted = !source.segment.empty() && !source.frame;
+    volume.frame = isSegmentWanted ? frameOfSegment(source, volume.labels)
+                                   : chooseOne(source.path, "frame", volume.frames, source.frame);
     return openVoxelFiles(source, std::move(volume), voxels);
 }
 

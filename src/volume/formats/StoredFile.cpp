@@ -11,10 +11,6 @@ namespace tamo::volume {
 
 namespace {
 
-// The most bytes that one of a deflate stream expands to: no code takes less than one bit, and two of them, a length
-// and a distance, make 258 bytes at most.
-constexpr std::uint64_t kMostExpansion = 258 * 8 / 2;
-
 std::uint64_t frameBytes(VoxelRows const& rows) {
     return static_cast<std::uint64_t>(voxelCount(rows.size)) * static_cast<std::uint64_t>(bytesOf(rows.type));
 }
@@ -31,8 +27,7 @@ Packing packingOf(std::filesystem::path const& path) {
 std::uint64_t bytesBehind(StoredVoxels const& voxels) {
     std::uint64_t const found = std::filesystem::file_size(voxels.path);
     bool const isPacked = voxels.packing != Packing::None;
-    std::uint64_t const most =
-        isPacked ? found > UINT64_MAX / kMostExpansion ? UINT64_MAX : found * kMostExpansion : found;
+    std::uint64_t const most = mostUnpackedBytes(voxels.packing, found);
     std::uint64_t const frame = frameBytes(voxels.rows);
     auto const frames = static_cast<std::uint64_t>(voxels.frames);
     if (voxels.start > most || (frame > 0 && frames > (most - voxels.start) / frame)) {

@@ -3,8 +3,8 @@
 #include "ImageJText.h"
 
 #include "../Error.h"
-#include "parseNumber.h"
-#include "quoted.h"
+#include "../bytes/parseNumber.h"
+#include "../quoted.h"
 
 #include <map>
 #include <sstream>

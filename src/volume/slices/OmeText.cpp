@@ -4,9 +4,9 @@
 
 #include "../Error.h"
 #include "../GridGeometry.h"
+#include "../bytes/parseNumber.h"
+#include "../quoted.h"
 #include "XmlTags.h"
-#include "parseNumber.h"
-#include "quoted.h"
 
 #include <algorithm>
 

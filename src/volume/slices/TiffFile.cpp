@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
 #include "../bytes/VoxelRows.h"
+#include "../chooseOne.h"
 #include "../formats/VolumeFormats.h"
 #include "ImageJText.h"
 #include "OmeText.h"
 #include "TiffPage.h"
 #include "TiffStack.h"
-#include "chooseOne.h"
 
 #include <algorithm>
 #include <cstring>

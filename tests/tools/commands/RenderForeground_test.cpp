@@ -47,6 +47,30 @@ TEST(RenderForeground, IsWhatTheUserSaysOfTheVoxels) {
     EXPECT_NE(valuesOf({0, 0, 1, 1, 1, 9, 9, 0}, {"--min", "2"}).find("from 2 of 0 .. 9\n"), std::string::npos);
 }
 
+TEST(RenderForeground, OfASegmentIsItsValueInItsLayer) {
+    // Two layers, which take turns voxel by voxel: the second has the value 1 in one row of eight.
+    TemporaryFolder const folder;
+    std::string bytes;
+    for (int i = 0; i < 8 * 8 * 8; ++i) {
+        bytes += std::string{static_cast<char>(i % 2), static_cast<char>(i / 8 % 8 == 3 ? 1 : 0)};
+    }
+    writeFile(folder / "a.seg.nrrd",
+              "NRRD0005\ntype: uchar\ndimension: 4\nsizes: 2 8 8 8\nkinds: list domain domain domain"
+              "\nencoding: raw\nSegment0_Name:=liver\nSegment0_LabelValue:=1\nSegment0_Layer:=0"
+              "\nSegment1_Name:=tumour\nSegment1_LabelValue:=1\nSegment1_Layer:=1\n\n" +
+                  bytes);
+    auto const run = [&](std::string const& segment) {
+        return runTool({"render", (folder / "a.seg.nrrd").string(), "--segment", segment, "-o",
+                        (folder / "a.png").string(), "--size", "20x20"});
+    };
+    EXPECT_NE(run("tumour").output.find("values      1 of 0 .. 1\nforeground  64 voxels"), std::string::npos)
+        << run("tumour").output << run("tumour").error;
+    EXPECT_NE(run("liver").output.find("foreground  256 voxels"), std::string::npos);
+    EXPECT_TRUE(isInputRefusal(run("heart"),
+                               "expected a segment called \"heart\", found liver, tumour; choose one with --segment"))
+        << run("heart").error;
+}
+
 TEST(RenderForeground, IsSaidInOneWayAtATime) {
     EXPECT_NE(valuesOf({0, 1, 0, 1, 0, 1, 0, 1}, {"--as", "labels", "--min", "1"}).find("--as labels: expected"),
               std::string::npos);

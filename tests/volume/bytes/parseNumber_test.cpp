@@ -8,7 +8,9 @@
 
 namespace {
 
+using tamo::volume::parseCount;
 using tamo::volume::parseNumber;
+using tamo::volume::parsePositive;
 
 template <typename T> bool isNumber(std::string_view word) {
     T value{};
@@ -41,6 +43,22 @@ TEST(parseNumber, TakesNoInfinityForALargeNumber) {
     EXPECT_FALSE(isNumber<float>("1e39"));
     EXPECT_FALSE(isNumber<double>("-1e400"));
     EXPECT_TRUE(isNumber<double>("-1e-400"));
+}
+
+TEST(ParseCount, TakesWholeTextsOfDigitsThatFit) {
+    EXPECT_EQ(parseCount("0"), 0);
+    EXPECT_EQ(parseCount("2147483647"), 2147483647);
+    for (char const* const text : {"", "-1", "+1", "1 ", " 1", "1.0", "2147483648", "x"}) {
+        EXPECT_FALSE(parseCount(text)) << text;
+    }
+}
+
+TEST(ParsePositive, TakesWholeTextsOfFiniteNumbersAboveZero) {
+    EXPECT_EQ(parsePositive("0.5"), 0.5);
+    EXPECT_EQ(parsePositive("1e-3"), 1e-3);
+    for (char const* const text : {"", "0", "-1", "inf", "nan", "1e999", "0,5", "1 mm"}) {
+        EXPECT_FALSE(parsePositive(text)) << text;
+    }
 }
 
 } // namespace

@@ -102,6 +102,8 @@ TEST(DicomMarks, ChooseASegmentByItsName) {
     EXPECT_EQ(valueAt(readWhole(source), 0, 0, 0), makePhantom(4, 3, 4).at(0, 0, 0));
     source.segment = "liver";
     EXPECT_EQ(valueAt(readWhole(source), 0, 0, 0), makePhantom(4, 3, 4).at(0, 0, 2));
+    source.segment = "spleen";
+    EXPECT_NE(refusalOf(source).find("found liver, kidney"), std::string::npos) << refusalOf(source);
 }
 
 } // namespace

@@ -67,7 +67,7 @@ volume::Volume readBox(RenderOptions const& options, volume::VolumeFile const& f
 // The value of the segment that the user names.
 ForegroundWish wishOf(RenderOptions const& options, volume::VolumeHeader const& header) {
     for (volume::LabelName const& label : header.labels) {
-        if (!options.source.segment.empty() && label.name == options.source.segment) {
+        if (!options.source.segment.empty() && label.name == options.source.segment && label.frame == header.frame) {
             return {label.value, label.value, {}};
         }
     }

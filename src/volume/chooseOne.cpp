@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "chooseOne.h"
 
-#include "../Error.h"
+#include "Error.h"
 #include "quoted.h"
 
 #include <algorithm>
@@ -10,6 +10,18 @@
 namespace tamo::volume {
 
 namespace {
+
+// Of what a choice is made from, as many are listed; a document may hold thousands.
+constexpr std::size_t kMostListed = 20;
+
+// Lists the names of labels, or the first of very many.
+std::string namesOf(std::vector<LabelName> const& labels) {
+    std::string names;
+    for (std::size_t i = 0; i < std::min(labels.size(), kMostListed); ++i) {
+        names += (i > 0 ? ", " : "") + labels[i].name;
+    }
+    return labels.empty() ? "no named segments" : names + (labels.size() > kMostListed ? ", ..." : "");
+}
 
 // By the UID where the number does not tell it from the others.
 std::string nameOf(SeriesInfo const& info, std::vector<SeriesInfo> const& series) {
@@ -21,8 +33,6 @@ std::string nameOf(SeriesInfo const& info, std::vector<SeriesInfo> const& series
 }
 
 std::string listed(std::vector<SeriesInfo> const& series) {
-    // Enough to choose from; a document may hold thousands.
-    constexpr std::size_t kMostListed = 20;
     std::string list;
     for (std::size_t i = 0; i < std::min(series.size(), kMostListed); ++i) {
         list += (i > 0 ? ", " : "") + nameOf(series[i], series) + " " + quoted(series[i].description) + " (" +
@@ -61,6 +71,16 @@ std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> con
     std::string const wanted = source.series.empty() || matches.size() > 1 ? "one series" : "series " + source.series;
     throw Error(source.path, "expected " + wanted + ", found " + std::to_string(series.size()) +
                                  " series: " + listed(series) + "; choose one with --series");
+}
+
+std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels) {
+    auto const segment = std::find_if(labels.begin(), labels.end(),
+                                      [&source](LabelName const& label) { return label.name == source.segment; });
+    if (segment == labels.end()) {
+        throw Error(source.path, "expected a segment called " + quoted(source.segment) + ", found " + namesOf(labels) +
+                                     "; choose one with --segment");
+    }
+    return segment->frame;
 }
 
 } // namespace tamo::volume

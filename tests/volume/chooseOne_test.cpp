@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "volume/slices/chooseOne.h"
+#include "volume/chooseOne.h"
 
 #include "volume/Error.h"
 

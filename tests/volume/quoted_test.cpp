@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "volume/slices/quoted.h"
+#include "volume/quoted.h"
 
 #include <gtest/gtest.h>
 

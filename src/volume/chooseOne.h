@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "../VolumeHeader.h"
-#include "../VolumeSource.h"
+#include "VolumeHeader.h"
+#include "VolumeSource.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -21,5 +21,9 @@ std::int64_t chooseOne(std::filesystem::path const& path, std::string const& nam
 /// Returns which series is meant by the source, by number or UID. Throws `Error` likewise, with a list of the first 20,
 /// and where several have the number.
 std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> const& series);
+
+/// Returns the frame in which the segment stands that the source names. Throws `Error`, listing the names, where none of
+/// the labels has its name.
+std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels);
 
 } // namespace tamo::volume
