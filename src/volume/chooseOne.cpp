@@ -23,6 +23,24 @@ std::string namesOf(std::vector<LabelName> const& labels) {
     return labels.empty() ? "no named segments" : names + (labels.size() > kMostListed ? ", ..." : "");
 }
 
+// By the UID where the number does not tell it from the others.
+std::string nameOf(SeriesInfo const& info, std::vector<SeriesInfo> const& series) {
+    auto const isSame = [&info](SeriesInfo const& other) { return other.number == info.number; };
+    if (!info.number.empty() && std::count_if(series.begin(), series.end(), isSame) == 1) {
+        return info.number;
+    }
+    return info.uid.empty() ? "(no UID)" : info.uid;
+}
+
+std::string listed(std::vector<SeriesInfo> const& series) {
+    std::string list;
+    for (std::size_t i = 0; i < std::min(series.size(), kMostListed); ++i) {
+        list += (i > 0 ? ", " : "") + nameOf(series[i], series) + " " + quoted(series[i].description) + " (" +
+                std::to_string(series[i].slices) + (series[i].slices == 1 ? " slice)" : " slices)");
+    }
+    return list + (series.size() > kMostListed ? " and " + std::to_string(series.size() - kMostListed) + " more" : "");
+}
+
 } // namespace
 
 std::int64_t chooseOne(std::filesystem::path const& path, std::string const& name, std::int64_t count,
@@ -41,23 +59,18 @@ std::int64_t chooseOne(std::filesystem::path const& path, std::string const& nam
 }
 
 std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> const& series) {
-    if (series.size() == 1 && source.series.empty()) {
-        return 0;
+    std::vector<std::size_t> matches;
+    for (std::size_t i = 0; i < series.size(); ++i) {
+        if (source.series.empty() || source.series == series[i].number || source.series == series[i].uid) {
+            matches.push_back(i);
+        }
     }
-    auto const chosen = std::find_if(series.begin(), series.end(), [&source](SeriesInfo const& candidate) {
-        return source.series == candidate.number || (!source.series.empty() && source.series == candidate.uid);
-    });
-    if (chosen != series.end()) {
-        return static_cast<std::size_t>(chosen - series.begin());
+    if (matches.size() == 1) {
+        return matches.front();
     }
-    std::string choices;
-    for (std::size_t i = 0; i < std::min(series.size(), kMostListed); ++i) {
-        choices += (i > 0 ? ", " : "") + series[i].number + " (" + quoted(series[i].description) + ", " +
-                   std::to_string(series[i].slices) + " slices)";
-    }
-    throw Error(source.path, (source.series.empty() ? "expected one series" : "expected a series " + source.series) +
-                                 ", found " + std::to_string(series.size()) + ": " + choices +
-                                 "; choose one with --series");
+    std::string const wanted = source.series.empty() || matches.size() > 1 ? "one series" : "series " + source.series;
+    throw Error(source.path, "expected " + wanted + ", found " + std::to_string(series.size()) +
+                                 " series: " + listed(series) + "; choose one with --series");
 }
 
 std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels) {

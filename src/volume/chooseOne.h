@@ -18,7 +18,8 @@ namespace tamo::volume {
 std::int64_t chooseOne(std::filesystem::path const& path, std::string const& name, std::int64_t count,
                        std::optional<std::int64_t> wanted);
 
-/// Returns which series is meant by the source, by number or UID. Throws `Error` likewise.
+/// Returns which series is meant by the source, by number or UID. Throws `Error` likewise, with a list of the first 20,
+/// and where several have the number.
 std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> const& series);
 
 /// Returns the frame in which the segment stands that the source names. Throws `Error`, listing the names, where none of

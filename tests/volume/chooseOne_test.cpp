@@ -44,7 +44,7 @@ TEST(ChooseSeries, GoesByNumberOrUid) {
     VolumeSource source;
     EXPECT_EQ(
         refusal([&] { chooseSeries(source, series); }),
-        "expected one series, found 2: 0 (\"left\", 3 slices), 1 (\"right\", 4 slices); choose one with --series");
+        "expected one series, found 2 series: 0 \"left\" (3 slices), 1 \"right\" (4 slices); choose one with --series");
     source.series = "1";
     EXPECT_EQ(chooseSeries(source, series), 1U);
     source.series = "Image:0";

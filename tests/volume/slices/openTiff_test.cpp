@@ -148,7 +148,7 @@ TEST_F(TiffFile, ListsTheImagesOfOmeAsSeries) {
     writePages(8, document("<TiffData IFD='0' PlaneCount='6'/>", "5",
                            "<Image ID='J' Name='right'><Pixels DimensionOrder='XYZCT' SizeX='5' SizeY='4' SizeZ='2' "
                            "SizeC='1' SizeT='1'><TiffData IFD='6' PlaneCount='2'/></Pixels></Image>"));
-    EXPECT_TRUE(isRefusedWith(source(), "0 (\"left\", 3 slices), 1 (\"right\", 2 slices)"));
+    EXPECT_TRUE(isRefusedWith(source(), "0 \"left\" (3 slices), 1 \"right\" (2 slices)"));
     VolumeSource right = source();
     right.series = "1";
     EXPECT_EQ(slicesOf(right), (Pages{6, 7}));
