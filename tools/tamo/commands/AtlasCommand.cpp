@@ -60,11 +60,11 @@ picture::Picture drawSheet(std::vector<picture::AtlasSheet::Tile> const& tiles, 
 } // namespace
 
 AtlasCommand::AtlasCommand(CLI::App& program)
-    : Command(program, "atlas", "Draw the cell configurations with their polygons into a PNG"), _output(app()),
-      _adjacency(app(), "have a column each"), _configurations(app()),
-      _picture(app(),
+    : Command(program, "atlas", "Draw the cell configurations with their polygons into a PNG"), _output(options()),
+      _adjacency(options(), "have a column each"), _configurations(options()),
+      _picture(options(),
                {"2400x2400", "156,10", "Degrees, as of tamo render; 180 looks along the y axis, x leading right"}) {
-    app().footer(kExamples);
+    options().setFooter(kExamples);
 }
 
 void AtlasCommand::run() const {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "Command.h"
 
+#include <CLI/CLI.hpp>
+
 namespace tamo::tool {
 
 Command::Command(CLI::App& program, std::string const& name, std::string const& purpose)

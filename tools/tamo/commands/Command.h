@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "../options/OptionList.h"
 
 #include <string>
 
@@ -28,7 +28,7 @@ class Command {
     Command(CLI::App& program, std::string const& name, std::string const& purpose);
 
     /// Returns what the command's options are added to.
-    [[nodiscard]] CLI::App& app() const { return *_app; }
+    [[nodiscard]] OptionList options() const { return OptionList(*_app); }
 
   private:
     CLI::App* _app;

@@ -12,9 +12,9 @@
 namespace tamo::tool {
 
 InfoCommand::InfoCommand(CLI::App& program)
-    : Command(program, "info", "Print what the file says of a volume, and what its voxels are"), _volume(app()) {
-    app().add_flag("--json", _isJson, "Print one JSON object, for other programs");
-    app().footer("\n" + volumeFormatsHelp() + "\nExample:\n  tamo info brain.nii.gz");
+    : Command(program, "info", "Print what the file says of a volume, and what its voxels are"), _volume(options()) {
+    options().addFlag("--json", _isJson, "Print one JSON object, for other programs");
+    options().setFooter("\n" + volumeFormatsHelp() + "\nExample:\n  tamo info brain.nii.gz");
 }
 
 void InfoCommand::run() const {

@@ -191,13 +191,14 @@ class PanelPainter {
 } // namespace
 
 RenderCommand::RenderCommand(CLI::App& program)
-    : Command(program, "render", "Draw the surface of the foreground into a PNG picture"), _volume(app()),
-      _output(app()), _range(app()), _adjacency(app(), "are drawn side by side"), _scan(app()),
-      _picture(app(), {"1200x900", "-35,15",
-                       "Degrees. Azimuth 0 looks at a patient's front, 90 at the right side; elevation 90 looks from "
-                       "above"}) {
-    app().add_flag("--verbose", _isVerbose, "Print wall time and peak memory of each stage");
-    app().footer("\n" + volumeFormatsHelp() + kExamples);
+    : Command(program, "render", "Draw the surface of the foreground into a PNG picture"), _volume(options()),
+      _output(options()), _range(options()), _adjacency(options(), "are drawn side by side"), _scan(options()),
+      _picture(options(),
+               {"1200x900", "-35,15",
+                "Degrees. Azimuth 0 looks at a patient's front, 90 at the right side; elevation 90 looks from "
+                "above"}) {
+    options().addFlag("--verbose", _isVerbose, "Print wall time and peak memory of each stage");
+    options().setFooter("\n" + volumeFormatsHelp() + kExamples);
 }
 
 void RenderCommand::run() const {

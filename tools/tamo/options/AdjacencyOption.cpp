@@ -8,13 +8,10 @@
 
 namespace tamo::tool {
 
-AdjacencyOption::AdjacencyOption(CLI::App& command, std::string const& several) {
-    command
-        .add_option("--adjacency", _text,
-                    "Adjacency system, in any case: " + systemNames() + "; several, with commas between them, " +
-                        several)
-        ->type_name("NAME,...")
-        ->capture_default_str();
+AdjacencyOption::AdjacencyOption(OptionList const& options, std::string const& several) {
+    options.add("--adjacency", _text,
+                "Adjacency system, in any case: " + systemNames() + "; several, with commas between them, " + several,
+                "NAME,...", OptionList::Value::HasDefault);
 }
 
 std::vector<NamedSystem> AdjacencyOption::read() const {

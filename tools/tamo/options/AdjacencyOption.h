@@ -3,8 +3,7 @@
 #pragma once
 
 #include "NamedSystem.h"
-
-#include <CLI/CLI.hpp>
+#include "OptionList.h"
 
 #include <string>
 #include <vector>
@@ -15,7 +14,7 @@ namespace tamo::tool {
 class AdjacencyOption {
   public:
     /// `several` says in the help text what happens to several systems.
-    AdjacencyOption(CLI::App& command, std::string const& several);
+    AdjacencyOption(OptionList const& options, std::string const& several);
 
     /// Returns the systems, at least one. Throws `UsageError` for an unknown name.
     [[nodiscard]] std::vector<NamedSystem> read() const;

@@ -8,9 +8,8 @@
 
 namespace tamo::tool {
 
-ConfigurationsOption::ConfigurationsOption(CLI::App& command) {
-    command.add_option("--configurations", _text, "Numbers from 0 to 255 of those to draw (default: all)")
-        ->type_name("N,...");
+ConfigurationsOption::ConfigurationsOption(OptionList const& options) {
+    options.add("--configurations", _text, "Numbers from 0 to 255 of those to draw (default: all)", "N,...");
 }
 
 std::vector<int> ConfigurationsOption::read() const {

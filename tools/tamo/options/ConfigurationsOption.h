@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "OptionList.h"
 
 #include <string>
 #include <vector>
@@ -12,7 +12,7 @@ namespace tamo::tool {
 /// The option that names configurations of the cell.
 class ConfigurationsOption {
   public:
-    explicit ConfigurationsOption(CLI::App& command);
+    explicit ConfigurationsOption(OptionList const& options);
 
     /// Returns numbers from 0 to 255, none where the option is not given. Throws `UsageError`.
     [[nodiscard]] std::vector<int> read() const;

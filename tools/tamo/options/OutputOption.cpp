@@ -6,8 +6,8 @@
 
 namespace tamo::tool {
 
-OutputOption::OutputOption(CLI::App& command) {
-    command.add_option("-o,--output", _text, "The picture to write")->required()->type_name("PICTURE.png");
+OutputOption::OutputOption(OptionList const& options) {
+    options.add("-o,--output", _text, "The picture to write", "PICTURE.png", OptionList::Value::Required);
 }
 
 std::filesystem::path OutputOption::read() const {

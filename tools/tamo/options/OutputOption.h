@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "OptionList.h"
 
 #include <filesystem>
 #include <string>
@@ -12,7 +12,7 @@ namespace tamo::tool {
 /// The option that names the picture to write.
 class OutputOption {
   public:
-    explicit OutputOption(CLI::App& command);
+    explicit OutputOption(OptionList const& options);
 
     /// Throws `UsageError` for a name that does not end in .png.
     [[nodiscard]] std::filesystem::path read() const;

@@ -9,10 +9,10 @@
 
 namespace tamo::tool {
 
-PictureOptions::PictureOptions(CLI::App& command, Defaults const& defaults)
+PictureOptions::PictureOptions(OptionList const& options, Defaults const& defaults)
     : _size(defaults.size), _view(defaults.view) {
-    command.add_option("--size", _size, "Pixels of the picture")->type_name("WxH")->capture_default_str();
-    command.add_option("--view", _view, defaults.viewHelp)->type_name("AZIMUTH,ELEVATION")->capture_default_str();
+    options.add("--size", _size, "Pixels of the picture", "WxH", OptionList::Value::HasDefault);
+    options.add("--view", _view, defaults.viewHelp, "AZIMUTH,ELEVATION", OptionList::Value::HasDefault);
 }
 
 picture::PictureSize PictureOptions::readSize() const {

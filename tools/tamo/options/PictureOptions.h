@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "OptionList.h"
 #include "picture/PictureSize.h"
 #include "picture/View.h"
-
-#include <CLI/CLI.hpp>
 
 #include <string>
 
@@ -21,7 +20,7 @@ class PictureOptions {
         std::string viewHelp;
     };
 
-    PictureOptions(CLI::App& command, Defaults const& defaults);
+    PictureOptions(OptionList const& options, Defaults const& defaults);
 
     /// Throws `UsageError` for a size that no picture can have.
     [[nodiscard]] picture::PictureSize readSize() const;

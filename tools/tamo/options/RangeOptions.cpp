@@ -7,18 +7,14 @@
 
 namespace tamo::tool {
 
-RangeOptions::RangeOptions(CLI::App& command) {
-    command
-        .add_option("--min", _min,
-                    "Smallest value of the foreground (default: chosen by what the voxels are, or any with --max)")
-        ->type_name("V");
-    command.add_option("--max", _max, "Largest value of the foreground, itself included (default: any)")
-        ->type_name("V");
-    command
-        .add_option("--as", _as,
-                    "What the voxels are: of labels all but 0 is foreground, of grey values what Otsu's method finds "
-                    "(default: told by the voxels)")
-        ->type_name("labels|grey");
+RangeOptions::RangeOptions(OptionList const& options) {
+    options.add("--min", _min,
+                "Smallest value of the foreground (default: chosen by what the voxels are, or any with --max)", "V");
+    options.add("--max", _max, "Largest value of the foreground, itself included (default: any)", "V");
+    options.add("--as", _as,
+                "What the voxels are: of labels all but 0 is foreground, of grey values what Otsu's method finds "
+                "(default: told by the voxels)",
+                "labels|grey");
 }
 
 ForegroundWish RangeOptions::read() const {

@@ -3,8 +3,7 @@
 #pragma once
 
 #include "../foreground/Foreground.h"
-
-#include <CLI/CLI.hpp>
+#include "OptionList.h"
 
 #include <string>
 
@@ -13,7 +12,7 @@ namespace tamo::tool {
 /// The options that say which values are foreground.
 class RangeOptions {
   public:
-    explicit RangeOptions(CLI::App& command);
+    explicit RangeOptions(OptionList const& options);
 
     /// Throws `UsageError` for values that are not numbers, not a range, or contradict each other.
     [[nodiscard]] ForegroundWish read() const;

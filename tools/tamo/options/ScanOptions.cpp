@@ -7,10 +7,10 @@
 
 namespace tamo::tool {
 
-ScanOptions::ScanOptions(CLI::App& command) {
-    command.add_option("--step", _step, "Use every K-th voxel along each axis")->type_name("K")->capture_default_str();
-    command.add_option("--box", _box, "First and last voxel of the box to draw, both included (default: all)")
-        ->type_name("X0,Y0,Z0,X1,Y1,Z1");
+ScanOptions::ScanOptions(OptionList const& options) {
+    options.add("--step", _step, "Use every K-th voxel along each axis", "K", OptionList::Value::HasDefault);
+    options.add("--box", _box, "First and last voxel of the box to draw, both included (default: all)",
+                "X0,Y0,Z0,X1,Y1,Z1");
 }
 
 ScanRegion ScanOptions::read() const {

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "OptionList.h"
 #include "ScanRegion.h"
-
-#include <CLI/CLI.hpp>
 
 #include <optional>
 #include <string>
@@ -14,7 +13,7 @@ namespace tamo::tool {
 /// The options that say which voxels of a volume are used.
 class ScanOptions {
   public:
-    explicit ScanOptions(CLI::App& command);
+    explicit ScanOptions(OptionList const& options);
 
     /// Returns the box and a step that fits into it; whether the box lies in the volume remains to be seen. Throws
     /// `UsageError`.

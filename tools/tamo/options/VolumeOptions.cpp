@@ -36,23 +36,21 @@ std::string typeNames() {
 
 std::string volumeFormatsHelp() { return "Volumes: " + volume::supportedFormats() + ".\n"; }
 
-VolumeOptions::VolumeOptions(CLI::App& command) {
-    command.add_option("volume", _volume, "File or folder of the volume")->required()->type_name("VOLUME");
-    command.add_option("--frame", _frame, "Which of several volumes in a file, from 0")->type_name("T");
-    command.add_option("--channel", _channel, "Which of several channels, from 0")->type_name("C");
-    command.add_option("--series", _series, "Which of several DICOM series: its number or UID")->type_name("N|UID");
-    command.add_option("--segment", _segment, "Which segment of a segmentation, by its name")->type_name("NAME");
-    command.add_option("--spacing", _spacing, "Millimetres between voxels, in place of the file's")->type_name("X,Y,Z");
-    command
-        .add_option("--orientation", _orientation,
-                    "Where x, y and z lead, for files that do not say: to a patient's Right or Left, Anterior or "
-                    "Posterior, Superior or Inferior (default LPS)")
-        ->type_name("LPS|RAS|...");
-    command.add_option("--dims", _dims, "Bare voxels: their number along x, y and z, each at least 2, x fastest")
-        ->type_name("X,Y,Z");
-    command.add_option("--type", _type, "Bare voxels: " + typeNames())->type_name("TYPE");
-    command.add_option("--header", _header, "Bare voxels: bytes before the first one (default 0)")->type_name("BYTES");
-    command.add_flag("--big-endian", _isBigEndian, "Bare voxels: the most significant byte comes first");
+VolumeOptions::VolumeOptions(OptionList const& options) {
+    options.add("volume", _volume, "File or folder of the volume", "VOLUME", OptionList::Value::Required);
+    options.add("--frame", _frame, "Which of several volumes in a file, from 0", "T");
+    options.add("--channel", _channel, "Which of several channels, from 0", "C");
+    options.add("--series", _series, "Which of several DICOM series: its number or UID", "N|UID");
+    options.add("--segment", _segment, "Which segment of a segmentation, by its name", "NAME");
+    options.add("--spacing", _spacing, "Millimetres between voxels, in place of the file's", "X,Y,Z");
+    options.add("--orientation", _orientation,
+                "Where x, y and z lead, for files that do not say: to a patient's Right or Left, Anterior or "
+                "Posterior, Superior or Inferior (default LPS)",
+                "LPS|RAS|...");
+    options.add("--dims", _dims, "Bare voxels: their number along x, y and z, each at least 2, x fastest", "X,Y,Z");
+    options.add("--type", _type, "Bare voxels: " + typeNames(), "TYPE");
+    options.add("--header", _header, "Bare voxels: bytes before the first one (default 0)", "BYTES");
+    options.addFlag("--big-endian", _isBigEndian, "Bare voxels: the most significant byte comes first");
 }
 
 volume::RawLayout VolumeOptions::readLayout() const {

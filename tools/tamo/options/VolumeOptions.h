@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "OptionList.h"
 #include "volume/RawLayout.h"
 #include "volume/VolumeSource.h"
-
-#include <CLI/CLI.hpp>
 
 #include <string>
 #include <vector>
@@ -18,7 +17,7 @@ std::string volumeFormatsHelp();
 /// The options that say where a volume is, which of several, and what its file does not say.
 class VolumeOptions {
   public:
-    explicit VolumeOptions(CLI::App& command);
+    explicit VolumeOptions(OptionList const& options);
 
     /// Throws `UsageError` for values that no volume can have.
     [[nodiscard]] volume::VolumeSource read() const;
