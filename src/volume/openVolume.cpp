@@ -39,7 +39,7 @@ std::vector<Format> const& formats() {
         {"NumPy", {".npy"}, openNpy},
         {"VTK", {".vtk"}, openLegacyVtk},
         {"VTK XML", {".vti"}, openXmlVtk},
-        {"DICOM", {".dcm", "dicomdir"}, openDicom},
+        {"DICOM", {".dcm", "DICOMDIR"}, openDicom},
         {"", {".png", ".jpg", ".jpeg", ".bmp"}, refusePicture},
     };
     return kFormats;
@@ -59,7 +59,7 @@ auto findOpener(fs::path const& path) {
     std::string const name = lowerCase(path.filename().string());
     auto const format = std::find_if(formats().begin(), formats().end(), [&name](Format const& candidate) {
         return std::any_of(candidate.endings.begin(), candidate.endings.end(),
-                           [&name](std::string_view ending) { return hasEnding(name, ending); });
+                           [&name](std::string_view ending) { return hasEnding(name, lowerCase(std::string(ending))); });
     });
     if (format != formats().end()) {
         return format->open;
