@@ -3,9 +3,9 @@
 #include "VtkText.h"
 
 #include "../Error.h"
+#include "../bytes/parseNumber.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace tamo::volume {
@@ -61,8 +61,7 @@ std::string VtkText::lowerCase(std::string text) {
 std::int64_t VtkText::whole(std::int64_t least) {
     std::string const text = word();
     std::int64_t value = 0;
-    auto const result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || value < least) {
+    if (!parseNumber(text, value) || value < least) {
         refuse("a whole number of at least " + std::to_string(least), text);
     }
     return value;
@@ -71,8 +70,7 @@ std::int64_t VtkText::whole(std::int64_t least) {
 double VtkText::number() {
     std::string const text = word();
     double value = 0;
-    auto const result = std::from_chars(text.data() + (text[0] == '+' ? 1 : 0), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || !std::isfinite(value)) {
+    if (!parseNumber(text, value) || !std::isfinite(value)) {
         refuse("a number", text);
     }
     return value;
