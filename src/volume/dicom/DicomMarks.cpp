@@ -3,11 +3,12 @@
 #include "DicomMarks.h"
 
 #include "../Error.h"
+#include "../bytes/parseNumber.h"
 #include "../chooseOne.h"
 #include "DicomText.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
 #include <optional>
 
 namespace tamo::volume {
@@ -28,6 +29,13 @@ std::optional<std::string> markOf(DicomFrame const& frame, std::string const& na
     return found == frame.marks.end() ? std::nullopt : std::optional<std::string>(found->second);
 }
 
+// Returns the number that a mark is put in order by: 0 for a text. In no one's locale, and never NaN, which has no
+// order.
+double orderOf(std::string const& mark) {
+    double number = 0;
+    return parseNumber(mark, number) && std::isfinite(number) ? number : 0;
+}
+
 // A slice with the values by which it is put in order.
 struct Marked {
     std::string text;
@@ -44,9 +52,8 @@ std::vector<Marked> sortedBy(Key const& key, MarkedSeries const& series, std::ve
         if (!first || !second) {
             return {};
         }
-        marked.push_back({*first + (second->empty() ? "" : " / " + *second),
-                          {std::strtod(first->c_str(), nullptr), std::strtod(second->c_str(), nullptr)},
-                          slice});
+        marked.push_back(
+            {*first + (second->empty() ? "" : " / " + *second), {orderOf(*first), orderOf(*second)}, slice});
     }
     std::sort(marked.begin(), marked.end(), [](Marked const& a, Marked const& b) {
         return a.numbers != b.numbers ? a.numbers < b.numbers : a.text < b.text;
