@@ -5,6 +5,7 @@
 #include "../Error.h"
 #include "../bytes/parseNumber.h"
 #include "../chooseOne.h"
+#include "../listed.h"
 #include "DicomText.h"
 
 #include <algorithm>
@@ -92,15 +93,6 @@ std::optional<Key> findKey(MarkedSeries const& series, Places const& places) {
     return std::nullopt;
 }
 
-std::string listed(std::vector<Marked> const& frames) {
-    constexpr std::size_t kMostListed = 20;
-    std::string list;
-    for (std::size_t i = 0; i < std::min(frames.size(), kMostListed); ++i) {
-        list += (i > 0 ? ", " : "") + shownText(frames[i].text, {});
-    }
-    return list + (frames.size() > kMostListed ? ", ..." : "");
-}
-
 // The frame that the source names: by its number, or by the segment that it holds. -1 where it names none.
 std::int64_t wantedFrame(MarkedSeries const& series, std::vector<Marked> const& frames, bool areSegments) {
     if (series.source.frame || !areSegments || series.source.segment.empty()) {
@@ -144,10 +136,13 @@ std::vector<StackSlice> chooseFrame(MarkedSeries const& series, Places const& pl
     std::string const name = key->name + (key->second.empty() ? "" : " / " + key->second);
     bool const areSegments = key->name == "segment" && key->second.empty();
     std::int64_t const frame = wantedFrame(series, frames, areSegments);
+    constexpr std::size_t kMostListed = 20;
     if (frame < 0 || frame >= static_cast<std::int64_t>(count)) {
         throw Error(series.source.path, "expected one volume, found " + std::to_string(count) + " frames by " + name +
-                                            " (" + listed(frames) + "); choose one with --frame, 0 to " +
-                                            std::to_string(count - 1));
+                                            " (" +
+                                            listed(frames.size(), kMostListed,
+                                                   [&frames](std::size_t i) { return shownText(frames[i].text, {}); }) +
+                                            "); choose one with --frame, 0 to " + std::to_string(count - 1));
     }
     stack.frames = static_cast<std::int64_t>(count);
     stack.frame = frame;

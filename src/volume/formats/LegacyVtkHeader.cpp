@@ -94,7 +94,7 @@ class Parser {
         if (std::string const keyword = _text.keyword(); keyword != "dataset") {
             _text.refuse("DATASET", keyword);
         }
-        if (std::string const kind = _text.word(); VtkText::lowerCase(kind) != "structured_points") {
+        if (std::string const kind = _text.word(); lowerCase(kind) != "structured_points") {
             _text.refuse("a data set of STRUCTURED_POINTS", kind);
         }
     }

@@ -4,6 +4,7 @@
 
 #include "../Error.h"
 #include "../bytes/parseNumber.h"
+#include "../quoted.h"
 
 #include <algorithm>
 #include <cmath>
@@ -52,12 +53,6 @@ std::string VtkText::line() {
     return text;
 }
 
-std::string VtkText::lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); });
-    return text;
-}
-
 std::int64_t VtkText::whole(std::int64_t least) {
     std::string const text = word();
     std::int64_t value = 0;
@@ -76,13 +71,8 @@ double VtkText::number() {
     return value;
 }
 
-void VtkText::refuse(std::string const& expected, std::string found) const {
-    constexpr std::size_t kMostShown = 40;
-    found.resize(std::min(found.size(), kMostShown));
-    std::replace_if(
-        found.begin(), found.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
-    throw Error(_path,
-                "expected " + expected + ", found " + (found.empty() ? "the end of the file" : "\"" + found + "\""));
+void VtkText::refuse(std::string const& expected, std::string const& found) const {
+    throw Error(_path, "expected " + expected + ", found " + (found.empty() ? "the end of the file" : quoted(found)));
 }
 
 bool VtkText::skipWords(std::uint64_t count) {
