@@ -124,7 +124,8 @@ Cube makeBrain(int side, std::string const& file) {
         for (int y = 0; y < sides[1] / step; ++y) {
             for (int x = 0; x < sides[0] / step; ++x) {
                 cube.voxels[cube.index(x + margin(0), y + margin(1), z + margin(2))] =
-                    brain.row(y * step, z * step)[x * step] >= kLowest ? 1 : 0;
+                    brain.row(std::int64_t{y} * step, std::int64_t{z} * step)[std::int64_t{x} * step] >= kLowest ? 1
+                                                                                                                 : 0;
             }
         }
     }

@@ -14,7 +14,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-using tamo::volume::Volume;
 
 // All files of a volume, in the order of their names.
 std::vector<fs::path> filesIn(fs::path const& folder) {
