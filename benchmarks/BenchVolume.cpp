@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "BenchVolume.h"
 
-#include "NiftiFile.h"
+#include "volume/Error.h"
+#include "volume/openVolume.h"
 
 #include <algorithm>
 #include <array>
@@ -103,18 +104,28 @@ Cube makeNoise(int side) {
 }
 
 Cube makeBrain(int side, std::string const& file) {
-    NiftiVolume const volume = readNifti(file);
-    int const longest = *std::max_element(volume.size.begin(), volume.size.end());
+    volume::VolumeSource source;
+    source.path = file;
+    auto const brainFile = volume::openVolume(source, {});
+    if (brainFile->header().type != volume::ScalarType::UInt8) {
+        throw volume::Error(file, "expected a brain of unsigned bytes");
+    }
+    volume::Volume const brain = brainFile->read(volume::wholeOf(brainFile->header().size), {});
+    std::array<int, 3> sides{};
+    std::transform(brain.header.size.begin(), brain.header.size.end(), sides.begin(),
+                   [](std::int64_t length) { return static_cast<int>(length); });
+    int const longest = *std::max_element(sides.begin(), sides.end());
     int const step = (longest + side - 1) / side;
     // Where the voxels of a head are brighter than noise; the same level that draws the picture of the brain.
     constexpr unsigned char kLowest = 60;
     Cube cube = makeEmpty(side);
-    auto const margin = [&](std::size_t axis) { return (side - volume.size[axis] / step) / 2; };
-    for (int z = 0; z < volume.size[2] / step; ++z) {
-        for (int y = 0; y < volume.size[1] / step; ++y) {
-            for (int x = 0; x < volume.size[0] / step; ++x) {
+    auto const margin = [&](std::size_t axis) { return (side - sides[axis] / step) / 2; };
+    for (int z = 0; z < sides[2] / step; ++z) {
+        for (int y = 0; y < sides[1] / step; ++y) {
+            for (int x = 0; x < sides[0] / step; ++x) {
                 cube.voxels[cube.index(x + margin(0), y + margin(1), z + margin(2))] =
-                    volume.at(x * step, y * step, z * step) >= kLowest ? 1 : 0;
+                    brain.row(std::int64_t{y} * step, std::int64_t{z} * step)[std::int64_t{x} * step] >= kLowest ? 1
+                                                                                                                 : 0;
             }
         }
     }

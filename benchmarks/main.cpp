@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     std::string const brainFile = argc == 2 ? argv[1] : "";
     try {
         tamo::bench::registerLists();
+        tamo::bench::registerReads(brainFile);
         tamo::bench::registerScans(brainFile);
         tamo::bench::registerDisplayLists(brainFile);
         benchmark::RunSpecifiedBenchmarks();

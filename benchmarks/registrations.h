@@ -15,4 +15,7 @@ void registerLists();
 /// Registers `display/...`, the making and drawing of a display list of the brain.
 void registerDisplayLists(std::string const& brainFile);
 
+/// Registers `file/what/how`, the reading of volumes: by the library, and `plain`, the least that any reader has to do.
+void registerReads(std::string const& brainFile);
+
 } // namespace tamo::bench

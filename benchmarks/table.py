@@ -170,6 +170,18 @@ def display_rows(run):
         yield [name, f"{time / 1000:.0f}", f"{1000 * time / polygons:.0f}", f"{100 * time / compiled:.0f} %"]
 
 
+def file_rows(run):
+    names = {"raw": "Bare voxels, 512³ of 16 bits", "foreign": "The same in the other byte order",
+             "box": "A box of 100³ of them", "brain": "The brain, gzip, 35 million voxels"}
+    for what, name in names.items():
+        if run.has("file", what, "library"):
+            # The least to do for voxels in the other byte order is to read them.
+            plain = (("file", "raw", "plain") if what == "foreign" else ("file", what, "plain"))
+            least = [f"{run.time(*plain) / 1000:.0f}", f"{run.time('file', what, 'library') / run.time(*plain):.2f}"]
+            yield [name, f"{run.time('file', what, 'library') / 1000:.1f}",
+                   *(least if run.has(*plain) else ["-", "-"])]
+
+
 def tables_of(run):
     volume = "Volume, contiguous axis"
     return [
@@ -195,6 +207,9 @@ def tables_of(run):
                                                  "Times faster than plain"), small_rows(run)),
         Table("Lists", "Time to build the list of a system.", ("System", "ms"),
               ([key[0], f"{run.time('list', *key) / 1000:.2f}"] for key in run.keys("list"))),
+        Table("Reading volumes", "From files that the system holds in memory. The least to do: one call of the system into "
+              "fresh memory, or zlib's expansion alone.",
+              ("Volume", "ms", "The least to do, ms", "Ratio"), file_rows(run)),
         Table("A display list", "Of the brain, 256³, in Mesa without a graphics card.",
               ("What", "ms", "ns per polygon", "Share"), display_rows(run)),
     ]

@@ -32,7 +32,7 @@ void setSpacing(VolumeHeader& header, Vector3 const& spacing) {
                 // No zero becomes a negative one.
                 x = 0 - x;
             }
-            header.notes.push_back(std::string("the spacing along ") + "xyz"[axis] +
+            header.notes.push_back("the spacing along " + std::string(1, "xyz"[axis]) +
                                    " is negative: the axis was turned round");
         }
     }

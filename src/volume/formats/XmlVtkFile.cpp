@@ -9,6 +9,8 @@
 #include <vtkImageData.h>
 #include <vtkMatrix3x3.h>
 #include <vtkNew.h>
+#include <vtkObjectFactory.h>
+#include <vtkOutputWindow.h>
 #include <vtkPointData.h>
 #include <vtkSmartPointer.h>
 #include <vtkXMLImageDataReader.h>
@@ -16,6 +18,7 @@
 #include <algorithm>
 #include <cstring>
 #include <fstream>
+#include <mutex>
 #include <string_view>
 
 namespace tamo::volume {
@@ -24,25 +27,57 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Takes errors and warnings in the place of VTK's window, which would print them, and remembers that there were some.
+// Takes what VTK would print, and remembers whether it was an error.
+class SilentWindow : public vtkOutputWindow {
+  public:
+    static SilentWindow* New();
+    void DisplayText(char const*) override {}
+    void DisplayErrorText(char const*) override { hasError = true; }
+    void DisplayWarningText(char const*) override {}
+    void DisplayGenericWarningText(char const*) override {}
+    void DisplayDebugText(char const*) override {}
+
+    bool hasError = false;
+};
+
+vtkStandardNewMacro(SilentWindow);
+
+// Puts a silent window in the place of VTK's own while it lives. There is one for all of VTK, and parts of its reader
+// tell errors to nothing else, so that one reading at a time has it.
+class Silence {
+  public:
+    Silence() : _lock(mutex()), _before(vtkOutputWindow::GetInstance()) { vtkOutputWindow::SetInstance(_window); }
+    ~Silence() { vtkOutputWindow::SetInstance(_before); }
+    Silence(Silence const&) = delete;
+    Silence& operator=(Silence const&) = delete;
+
+    [[nodiscard]] bool hasError() const { return _window->hasError; }
+
+  private:
+    static std::mutex& mutex() {
+        static std::mutex instance;
+        return instance;
+    }
+
+    std::lock_guard<std::mutex> _lock;
+    vtkNew<SilentWindow> _window;
+    vtkSmartPointer<vtkOutputWindow> _before;
+};
+
+// Passes VTK's progress on.
 class Listener : public vtkCommand {
   public:
     static Listener* New() { return new Listener; }
 
-    void Execute(vtkObject* caller, unsigned long event, void*) override {
-        if (event == vtkCommand::ProgressEvent) {
-            auto* const reader = static_cast<vtkAlgorithm*>(caller);
-            if (progress && !isCancelled && !progress(reader->GetProgress())) {
-                isCancelled = true;
-                reader->SetAbortExecute(1);
-            }
-        } else if (event == vtkCommand::ErrorEvent) {
-            hasError = true;
+    void Execute(vtkObject* caller, unsigned long, void*) override {
+        auto* const reader = static_cast<vtkAlgorithm*>(caller);
+        if (progress && !isCancelled && !progress(reader->GetProgress())) {
+            isCancelled = true;
+            reader->SetAbortExecute(1);
         }
     }
 
     Progress progress;
-    bool hasError = false;
     bool isCancelled = false;
 };
 
@@ -123,18 +158,15 @@ vtkSmartPointer<vtkImageData> readImage(fs::path const& path, Progress const& pr
     listener->progress = progress;
     vtkNew<vtkXMLImageDataReader> reader;
     reader->SetFileName(path.c_str());
-    for (auto const event : {vtkCommand::ProgressEvent, vtkCommand::ErrorEvent, vtkCommand::WarningEvent}) {
-        reader->AddObserver(event, listener);
-    }
-    reader->SetReaderErrorObserver(listener);
-    reader->SetParserErrorObserver(listener);
+    reader->AddObserver(vtkCommand::ProgressEvent, listener);
+    Silence const silence;
     reader->Update();
     if (listener->isCancelled) {
         throw Cancelled();
     }
     vtkImageData* const image = reader->GetOutput();
     vtkDataArray const* const scalars = image->GetPointData()->GetScalars();
-    if (listener->hasError || reader->GetErrorCode() != vtkErrorCode::NoError || scalars == nullptr ||
+    if (silence.hasError() || reader->GetErrorCode() != vtkErrorCode::NoError || scalars == nullptr ||
         scalars->GetNumberOfTuples() != image->GetNumberOfPoints() || image->GetNumberOfPoints() == 0) {
         throwDamaged(path);
     }
@@ -153,6 +185,8 @@ GridGeometry geometryOf(vtkImageData& image, fs::path const& path) {
     if (!geometry.setSteps(steps)) {
         throw Error(path, "expected a direction matrix and a spacing that span space");
     }
+    // Files without directions have those of the axes: whether they were stated does not show.
+    geometry.areAxesKnown = !image.GetDirectionMatrix()->IsIdentity();
     image.TransformIndexToPhysicalPoint(image.GetExtent()[0], image.GetExtent()[2], image.GetExtent()[4],
                                         geometry.origin.data());
     geometry.isOriginKnown = true;

@@ -68,7 +68,7 @@ std::vector<Case> madeCases() {
         {"FewThinLabels", VoxelKind::Labels,
          [](auto x, auto y, auto z) {
              return std::abs(std::hypot(static_cast<double>(x - 32), static_cast<double>(y - 32)) - 15) < 2
-                        ? 1.0 + static_cast<double>(z / 16)
+                        ? 1.0 + std::floor(static_cast<double>(z) / 16)
                         : 0;
          }},
         {"NoisyBody", VoxelKind::Grey,
@@ -77,7 +77,7 @@ std::vector<Case> madeCases() {
          [](auto x, auto y, auto z) { return isBall(x, y, z) ? std::floor(100 + 80 * noiseAt(x, y, z)) : 0; }},
         {"Noise", VoxelKind::Grey, [](auto x, auto y, auto z) { return std::floor(256 * noiseAt(x, y, z)); }},
         {"Ramp", VoxelKind::Grey, [](auto x, auto, auto) { return static_cast<double>(x); }},
-        {"SlowRamp", VoxelKind::Grey, [](auto x, auto, auto) { return static_cast<double>(x / 3); }},
+        {"SlowRamp", VoxelKind::Grey, [](auto x, auto, auto) { return std::floor(static_cast<double>(x) / 3); }},
         {"DistanceToTheCentre", VoxelKind::Grey,
          [](auto x, auto y, auto z) { return std::floor(distance(x, y, z) / 2); }},
         {"SmoothBody", VoxelKind::Grey,

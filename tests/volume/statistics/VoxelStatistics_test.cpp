@@ -20,7 +20,7 @@ using tamo::volume::VoxelStatistics;
 template <typename T> class IntegerStatistics : public testing::Test {};
 using Integers = testing::Types<std::uint8_t, std::int8_t, std::uint16_t, std::int16_t, std::uint32_t, std::int32_t,
                                 std::uint64_t, std::int64_t>;
-TYPED_TEST_SUITE(IntegerStatistics, Integers);
+TYPED_TEST_SUITE(IntegerStatistics, Integers, );
 
 TYPED_TEST(IntegerStatistics, CountEveryValueUpToTheEndsOfTheType) {
     using Limits = std::numeric_limits<TypeParam>;

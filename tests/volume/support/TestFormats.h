@@ -27,6 +27,8 @@ struct TestFormat {
     double tolerance = 0;
     /// Whether the end of the file may be lost without a trace, as within the last number of a text.
     bool hasLooseEnd = false;
+    /// Whether a library that reads the format is known to end the program over damaged headers.
+    bool hasFragileReader = false;
 };
 
 /// Names the format in the names of tests, which would otherwise hold addresses and change from run to run.
@@ -37,6 +39,8 @@ std::vector<TestFormat> niftiFormats();
 std::vector<TestFormat> mghFormats();
 std::vector<TestFormat> npyFormats();
 std::vector<TestFormat> vtkFormats();
+/// None in a build without VTK.
+std::vector<TestFormat> vtiFormats();
 std::vector<TestFormat> metaImageFormats();
 std::vector<TestFormat> nrrdFormats();
 std::vector<TestFormat> tiffFormats();
