@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "GridGeometry.h"
 
-#include <algorithm>
+#include "letterCase.h"
+
 #include <cmath>
 #include <map>
 
@@ -44,9 +45,6 @@ bool GridGeometry::setSteps(std::array<Vector3, 3> const& steps) {
 }
 
 double millimetresPer(std::string const& unit) {
-    std::string name = unit;
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); });
     // The micro sign and the Greek letter mu, in UTF-8; the micro sign in Latin 1; as a Java escape.
     static std::map<std::string, double> const kUnits{{"mm", 1},
                                                       {"millimeter", 1},
@@ -80,7 +78,7 @@ double millimetresPer(std::string const& unit) {
                                                       {"in", 25.4},
                                                       {"inch", 25.4},
                                                       {"inches", 25.4}};
-    auto const found = kUnits.find(name);
+    auto const found = kUnits.find(lowerCase(unit));
     return found == kUnits.end() ? 0 : found->second;
 }
 

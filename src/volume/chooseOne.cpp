@@ -3,6 +3,7 @@
 #include "chooseOne.h"
 
 #include "Error.h"
+#include "listed.h"
 #include "quoted.h"
 
 #include <algorithm>
@@ -14,13 +15,9 @@ namespace {
 // Of what a choice is made from, as many are listed; a document may hold thousands.
 constexpr std::size_t kMostListed = 20;
 
-// Lists the names of labels, or the first of very many.
 std::string namesOf(std::vector<LabelName> const& labels) {
-    std::string names;
-    for (std::size_t i = 0; i < std::min(labels.size(), kMostListed); ++i) {
-        names += (i > 0 ? ", " : "") + labels[i].name;
-    }
-    return labels.empty() ? "no named segments" : names + (labels.size() > kMostListed ? ", ..." : "");
+    return labels.empty() ? "no named segments"
+                          : listed(labels.size(), kMostListed, [&labels](std::size_t i) { return labels[i].name; });
 }
 
 // By the UID where the number does not tell it from the others.
@@ -32,13 +29,11 @@ std::string nameOf(SeriesInfo const& info, std::vector<SeriesInfo> const& series
     return info.uid.empty() ? "(no UID)" : info.uid;
 }
 
-std::string listed(std::vector<SeriesInfo> const& series) {
-    std::string list;
-    for (std::size_t i = 0; i < std::min(series.size(), kMostListed); ++i) {
-        list += (i > 0 ? ", " : "") + nameOf(series[i], series) + " " + quoted(series[i].description) + " (" +
-                std::to_string(series[i].slices) + (series[i].slices == 1 ? " slice)" : " slices)");
-    }
-    return list + (series.size() > kMostListed ? " and " + std::to_string(series.size() - kMostListed) + " more" : "");
+std::string namesOf(std::vector<SeriesInfo> const& series) {
+    return listed(series.size(), kMostListed, [&series](std::size_t i) {
+        return nameOf(series[i], series) + " " + quoted(series[i].description) + " (" +
+               std::to_string(series[i].slices) + (series[i].slices == 1 ? " slice)" : " slices)");
+    });
 }
 
 } // namespace
@@ -70,7 +65,7 @@ std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> con
     }
     std::string const wanted = source.series.empty() || matches.size() > 1 ? "one series" : "series " + source.series;
     throw Error(source.path, "expected " + wanted + ", found " + std::to_string(series.size()) +
-                                 " series: " + listed(series) + "; choose one with --series");
+                                 " series: " + namesOf(series) + "; choose one with --series");
 }
 
 std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels) {

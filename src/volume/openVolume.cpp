@@ -5,10 +5,10 @@
 #include "Error.h"
 #include "chooseOne.h"
 #include "formats/VolumeFormats.h"
+#include "letterCase.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
 #include <fstream>
 #include <new>
@@ -49,17 +49,12 @@ bool hasEnding(std::string const& text, std::string_view ending) {
     return text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
 }
 
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
 auto findOpener(fs::path const& path) {
     std::string const name = lowerCase(path.filename().string());
     auto const format = std::find_if(formats().begin(), formats().end(), [&name](Format const& candidate) {
-        return std::any_of(candidate.endings.begin(), candidate.endings.end(),
-                           [&name](std::string_view ending) { return hasEnding(name, lowerCase(std::string(ending))); });
+        return std::any_of(candidate.endings.begin(), candidate.endings.end(), [&name](std::string_view ending) {
+            return hasEnding(name, lowerCase(std::string(ending)));
+        });
     });
     if (format != formats().end()) {
         return format->open;

@@ -6,10 +6,11 @@
 #include "DicomTags.h"
 
 #include "../Error.h"
+#include "../bytes/parseNumber.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <locale>
 #include <sstream>
 
 namespace tamo::volume {
@@ -51,17 +52,15 @@ std::vector<double> DicomDataset::numbers(DicomTag tag) const {
         return {};
     }
     std::vector<double> numbers = found->second.numbers;
-    // Decimal points, whatever the program's locale; a stream refuses "nan" and "inf" by itself.
     std::istringstream parts(found->second.text);
     std::string part;
     while (std::getline(parts, part, '\\')) {
-        std::istringstream stream(part);
-        stream.imbue(std::locale::classic());
-        double number = 0;
-        if (!(stream >> number) || !(stream >> std::ws).eof()) {
+        // Blanks fill up each part; "1\\" is one number.
+        std::size_t const first = std::min(part.find_first_not_of(' '), part.size());
+        part = part.substr(first, part.find_last_not_of(' ') + 1 - first);
+        if (!parseNumber(part, numbers.emplace_back())) {
             return {};
         }
-        numbers.push_back(number);
     }
     for (double const number : numbers) {
         if (!std::isfinite(number)) {

@@ -3,14 +3,12 @@
 #include "DicomDirectory.h"
 
 #include "../Error.h"
+#include "../letterCase.h"
 #include "DicomDataset.h"
 #include "DicomTags.h"
 #include "DicomText.h"
 
-#include <algorithm>
 #include <array>
-#include <cctype>
-#include <functional>
 #include <sstream>
 #include <string>
 #include <system_error>
@@ -20,12 +18,6 @@ namespace tamo::volume {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string withLetters(std::string text, int (*change)(int)) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [change](unsigned char c) { return static_cast<char>(change(c)); });
-    return text;
-}
 
 // Discs show names in capitals, and copies of them often in small letters.
 fs::path findFile(fs::path const& directory, std::string const& id) {
@@ -40,8 +32,8 @@ fs::path findFile(fs::path const& directory, std::string const& id) {
                         "expected names of files beside it, found " + shownText(id, {}) + "; the file is damaged");
         }
         candidates[0] /= part;
-        candidates[1] /= withLetters(part, std::tolower);
-        candidates[2] /= withLetters(part, std::toupper);
+        candidates[1] /= lowerCase(part);
+        candidates[2] /= upperCase(part);
     }
     for (fs::path const& candidate : candidates) {
         std::error_code error;

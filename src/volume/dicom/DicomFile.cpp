@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <utility>
 
@@ -89,12 +88,21 @@ void addLabels(DicomImage const& image, DicomStack const& stack, VolumeHeader& h
     for (auto const& [number, name] : image.segments) {
         LabelName label{isBinary ? 1.0 : static_cast<double>(number), name};
         for (std::size_t frame = 0; frame < stack.segments.size(); ++frame) {
-            if (std::strtod(stack.segments[frame].c_str(), nullptr) == static_cast<double>(number)) {
+            if (stack.segments[frame] == std::to_string(number)) {
                 label.frame = static_cast<std::int64_t>(frame);
             }
         }
         header.labels.push_back(std::move(label));
     }
+}
+
+// Returns the type of values that were rescaled slice by slice: float32, whose 24 bits hold any stored number of 16
+// bits, while slopes are rounded to fewer digits than that; float64 for wider numbers.
+ScalarType rescaledType(std::vector<DicomImage> const& images) {
+    bool const isWide = std::any_of(images.begin(), images.end(), [](DicomImage const& image) {
+        return bytesOf(image.format.type()) > 2 && image.format.type() != ScalarType::Float32;
+    });
+    return isWide ? ScalarType::Float64 : ScalarType::Float32;
 }
 
 VolumeHeader describe(std::vector<DicomImage> const& images, DicomStack const& stack, bool isSame) {
@@ -104,9 +112,7 @@ VolumeHeader describe(std::vector<DicomImage> const& images, DicomStack const& s
     header.format = first.syntax.encoding == FrameEncoding::Native ? "DICOM" : "DICOM, " + first.syntax.name;
     header.size = {first.columns, first.rows, static_cast<std::int64_t>(stack.slices.size())};
     header.geometry = stack.geometry;
-    // What slices do not share is applied slice by slice, to float32: its 24 bits hold any stored number of 16 bits,
-    // and slopes are rounded to fewer digits than that.
-    header.type = isSame ? first.format.type() : ScalarType::Float32;
+    header.type = isSame ? first.format.type() : rescaledType(images);
     header.slope = isSame ? frame.slope : 1;
     header.intercept = isSame ? frame.intercept : 0;
     header.valueUnit = first.valueUnit;

@@ -4,11 +4,12 @@
 
 #include "../Error.h"
 #include "../formats/VolumeFormats.h"
+#include "../letterCase.h"
+#include "../listed.h"
 #include "DicomText.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <fstream>
 #include <set>
 
@@ -21,10 +22,9 @@ namespace fs = std::filesystem;
 // "IM0017.dcm" becomes "im#.dcm": slices of a series share this.
 std::string patternOf(fs::path const& path) {
     std::string pattern;
-    for (char const letter : path.filename().string()) {
-        auto const byte = static_cast<unsigned char>(letter);
-        if (std::isdigit(byte) == 0) {
-            pattern += static_cast<char>(std::tolower(byte));
+    for (char const letter : lowerCase(path.filename().string())) {
+        if (letter < '0' || letter > '9') {
+            pattern += letter;
         } else if (pattern.empty() || pattern.back() != '#') {
             pattern += '#';
         }
@@ -81,16 +81,12 @@ class Siblings {
     std::set<std::string> _starts;
 };
 
-std::string listed(fs::path const& folder, std::vector<fs::path> const& files, std::string const& one,
+std::string noteOf(fs::path const& folder, std::vector<fs::path> const& files, std::string const& one,
                    std::string const& many) {
     constexpr std::size_t kMostListed = 20;
-    std::string names;
-    for (std::size_t i = 0; i < std::min(files.size(), kMostListed); ++i) {
-        names += (i > 0 ? ", " : "") + shownText(files[i].lexically_relative(folder).string(), "ISO_IR 192");
-    }
-    if (files.size() > kMostListed) {
-        names += " and " + std::to_string(files.size() - kMostListed) + " more";
-    }
+    std::string const names = listed(files.size(), kMostListed, [&](std::size_t i) {
+        return shownText(files[i].lexically_relative(folder).string(), "ISO_IR 192");
+    });
     return files.size() == 1 ? "1 file " + one + " and was left out: " + names
                              : std::to_string(files.size()) + " files " + many + " and were left out: " + names;
 }
@@ -140,10 +136,10 @@ DicomFolder readDicomFolder(fs::path const& folder, std::vector<fs::path> const&
     }
     checkBare(bare, result.images);
     if (!strays.empty()) {
-        result.notes.push_back(listed(folder, strays, "is no DICOM file", "are no DICOM files"));
+        result.notes.push_back(noteOf(folder, strays, "is no DICOM file", "are no DICOM files"));
     }
     if (!bareFiles.empty()) {
-        result.notes.push_back(listed(folder, bareFiles, "holds no pixels", "hold no pixels"));
+        result.notes.push_back(noteOf(folder, bareFiles, "holds no pixels", "hold no pixels"));
     }
     return result;
 }

@@ -154,7 +154,7 @@ void readRescale(Sources const& sources, DicomImage const& image, DicomFrame& fr
 std::string markText(DicomDataset const& holder, DicomTag tag) {
     std::string text = holder.text(tag);
     if (text.empty() && holder.number(tag)) {
-        text = std::to_string(*holder.number(tag));
+        text = exactNumber(*holder.number(tag));
     }
     return text;
 }
@@ -180,10 +180,11 @@ void readMarks(Sources const& sources, DicomFrame& frame) {
             frame.marks.emplace_back(mark.name, std::move(text));
         }
     }
-    int dimension = 0;
-    for (double const index : holderOf(sources, dicom::kDimensionIndexValues).numbers(dicom::kDimensionIndexValues)) {
-        frame.marks.emplace_back("dimension " + std::to_string(++dimension),
-                                 std::to_string(static_cast<std::int64_t>(index)));
+    // All pairs of marks are tried; files have two or three dimensions.
+    constexpr std::size_t kMostDimensions = 8;
+    auto const indices = holderOf(sources, dicom::kDimensionIndexValues).numbers(dicom::kDimensionIndexValues);
+    for (std::size_t i = 0; i < std::min(indices.size(), kMostDimensions); ++i) {
+        frame.marks.emplace_back("dimension " + std::to_string(i + 1), exactNumber(indices[i]));
     }
 }
 
@@ -211,7 +212,9 @@ void readFrames(DicomDataset const& dataset, DicomImage& image) {
     std::int64_t const count = dataset.whole(dicom::kNumberOfFrames).value_or(1);
     image.frames.clear();
     image.isPlainMultiFrame = count > 1 && dataset.items(dicom::kPerFrameGroups).empty();
-    for (std::int64_t index = 0; index < count; ++index) {
+    // All frames of a plain file are alike: read once, as there may be millions of a few pixels.
+    std::int64_t const described = image.isPlainMultiFrame ? 1 : count;
+    for (std::int64_t index = 0; index < described; ++index) {
         Sources const sources = sourcesOf(dataset, index);
         DicomFrame frame;
         frame.index = index;
@@ -231,6 +234,10 @@ void readFrames(DicomDataset const& dataset, DicomImage& image) {
             readMarks(sources, frame);
         }
         image.frames.push_back(std::move(frame));
+    }
+    image.frames.resize(static_cast<std::size_t>(count), image.frames.front());
+    for (std::int64_t index = described; index < count; ++index) {
+        image.frames[static_cast<std::size_t>(index)].index = index;
     }
     placePlanes(dataset, image);
 }

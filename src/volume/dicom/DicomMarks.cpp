@@ -3,11 +3,13 @@
 #include "DicomMarks.h"
 
 #include "../Error.h"
+#include "../bytes/parseNumber.h"
 #include "../chooseOne.h"
+#include "../listed.h"
 #include "DicomText.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
 #include <optional>
 
 namespace tamo::volume {
@@ -28,6 +30,13 @@ std::optional<std::string> markOf(DicomFrame const& frame, std::string const& na
     return found == frame.marks.end() ? std::nullopt : std::optional<std::string>(found->second);
 }
 
+// Returns the number that a mark is put in order by: 0 for a text. In no one's locale, and never NaN, which has no
+// order.
+double orderOf(std::string const& mark) {
+    double number = 0;
+    return parseNumber(mark, number) && std::isfinite(number) ? number : 0;
+}
+
 // A slice with the values by which it is put in order.
 struct Marked {
     std::string text;
@@ -44,9 +53,8 @@ std::vector<Marked> sortedBy(Key const& key, MarkedSeries const& series, std::ve
         if (!first || !second) {
             return {};
         }
-        marked.push_back({*first + (second->empty() ? "" : " / " + *second),
-                          {std::strtod(first->c_str(), nullptr), std::strtod(second->c_str(), nullptr)},
-                          slice});
+        marked.push_back(
+            {*first + (second->empty() ? "" : " / " + *second), {orderOf(*first), orderOf(*second)}, slice});
     }
     std::sort(marked.begin(), marked.end(), [](Marked const& a, Marked const& b) {
         return a.numbers != b.numbers ? a.numbers < b.numbers : a.text < b.text;
@@ -83,15 +91,6 @@ std::optional<Key> findKey(MarkedSeries const& series, Places const& places) {
         }
     }
     return std::nullopt;
-}
-
-std::string listed(std::vector<Marked> const& frames) {
-    constexpr std::size_t kMostListed = 20;
-    std::string list;
-    for (std::size_t i = 0; i < std::min(frames.size(), kMostListed); ++i) {
-        list += (i > 0 ? ", " : "") + shownText(frames[i].text, {});
-    }
-    return list + (frames.size() > kMostListed ? ", ..." : "");
 }
 
 // The frame that the source names: by its number, or by the segment that it holds. -1 where it names none.
@@ -137,10 +136,13 @@ std::vector<StackSlice> chooseFrame(MarkedSeries const& series, Places const& pl
     std::string const name = key->name + (key->second.empty() ? "" : " / " + key->second);
     bool const areSegments = key->name == "segment" && key->second.empty();
     std::int64_t const frame = wantedFrame(series, frames, areSegments);
+    constexpr std::size_t kMostListed = 20;
     if (frame < 0 || frame >= static_cast<std::int64_t>(count)) {
         throw Error(series.source.path, "expected one volume, found " + std::to_string(count) + " frames by " + name +
-                                            " (" + listed(frames) + "); choose one with --frame, 0 to " +
-                                            std::to_string(count - 1));
+                                            " (" +
+                                            listed(frames.size(), kMostListed,
+                                                   [&frames](std::size_t i) { return shownText(frames[i].text, {}); }) +
+                                            "); choose one with --frame, 0 to " + std::to_string(count - 1));
     }
     stack.frames = static_cast<std::int64_t>(count);
     stack.frame = frame;

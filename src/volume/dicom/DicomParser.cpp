@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <tuple>
 
 namespace tamo::volume {
 
@@ -18,7 +19,7 @@ constexpr DicomTag kItem = 0xFFFEE000;
 constexpr DicomTag kItemEnd = 0xFFFEE00D;
 constexpr DicomTag kSequenceEnd = 0xFFFEE0DD;
 
-// Types whose length takes four bytes, behind two that are unused.
+// Types whose length takes four bytes, behind two that are unused (DICOM PS3.5, 7.1.2).
 constexpr std::array<std::string_view, 13> kLongTypes{"OB", "OD", "OF", "OL", "OV", "OW", "SQ",
                                                       "SV", "UC", "UN", "UR", "UT", "UV"};
 constexpr std::array<std::string_view, 21> kShortTypes{"AE", "AS", "AT", "CS", "DA", "DS", "DT", "FL", "FD", "IS", "LO",
@@ -149,14 +150,18 @@ void DicomParser::parseDataset(std::uint64_t at, DicomDataset& target, PixelData
 // Reads one element, or passes over it where `target` is null or does not want it; returns where it ends.
 std::uint64_t DicomParser::parseElement(Head const& head, std::uint64_t end, DicomDataset* target, int depth) {
     std::string_view const wanted = target != nullptr ? wantedType(head.tag) : std::string_view();
-    bool const isSequence = head.isUndefined || head.type == "SQ" || (wanted == "SQ" && head.type != "UN");
+    bool const isSequence = head.isUndefined || head.type == "SQ" || wanted == "SQ";
     if (isSequence && (head.isUndefined || !wanted.empty())) {
-        // A sequence of unknown type is written without types, whatever the rest of the file is.
-        bool const wasImplicit = _isImplicit;
-        _isImplicit = _isImplicit || head.type == "UN";
+        // A sequence of unknown type is written without types and little-endian, whatever the rest of the file is
+        // (DICOM PS3.5, 6.2.2).
+        auto const outside = std::make_pair(_isImplicit, _isBigEndian);
+        if (head.type == "UN") {
+            _isImplicit = true;
+            _isBigEndian = false;
+        }
         DicomValue value;
         std::uint64_t const next = parseSequence(head, end, wanted == "SQ" ? &value.items : nullptr, depth + 1);
-        _isImplicit = wasImplicit;
+        std::tie(_isImplicit, _isBigEndian) = outside;
         if (wanted == "SQ") {
             target->add(head.tag, std::move(value));
         }

@@ -41,12 +41,17 @@ template <typename Stored> Stored loaded(unsigned char const* bytes, std::size_t
 
 // Calls `use` with a function that gives the number of a pixel.
 template <typename Use> void visitNumbers(PixelFormat const& format, unsigned char const* bytes, Use const& use) {
-    StoredBits const stored(format);
     if (format.kind == PixelData::Kind::Float) {
         use([bytes](std::size_t i) { return loaded<float>(bytes, i); });
-    } else if (format.kind == PixelData::Kind::Double) {
+        return;
+    }
+    if (format.kind == PixelData::Kind::Double) {
         use([bytes](std::size_t i) { return loaded<double>(bytes, i); });
-    } else if (format.bitsAllocated == 1) {
+        return;
+    }
+    // Of floats nobody has checked which bits are said to be in use.
+    StoredBits const stored(format);
+    if (format.bitsAllocated == 1) {
         use([bytes](std::size_t i) { return std::int64_t{bytes[i / 8] >> (i % 8) & 1}; });
     } else if (format.bitsAllocated == 8) {
         use([=](std::size_t i) { return stored(loaded<std::uint8_t>(bytes, i)); });

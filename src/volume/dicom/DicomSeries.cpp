@@ -2,15 +2,21 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "DicomSeries.h"
 
+#include "../bytes/parseNumber.h"
 #include "../chooseOne.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace tamo::volume {
 
 namespace {
+
+// Returns a series number, and for a text that is none 0.
+std::int64_t orderOf(SeriesInfo const& info) {
+    std::int64_t number = 0;
+    return parseNumber(info.number, number) ? number : 0;
+}
 
 std::vector<SeriesInfo> listSeries(std::vector<DicomImage> const& images) {
     std::vector<SeriesInfo> series;
@@ -23,10 +29,9 @@ std::vector<SeriesInfo> listSeries(std::vector<DicomImage> const& images) {
         }
         found->slices += static_cast<std::int64_t>(image.frames.size());
     }
-    // Numbers in the order of numbers; what is none comes first.
+    // By number; what has none comes as 0.
     std::sort(series.begin(), series.end(), [](SeriesInfo const& a, SeriesInfo const& b) {
-        return std::make_pair(std::atoll(a.number.c_str()), a.uid) <
-               std::make_pair(std::atoll(b.number.c_str()), b.uid);
+        return std::make_pair(orderOf(a), a.uid) < std::make_pair(orderOf(b), b.uid);
     });
     return series;
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "DicomText.h"
 
+#include <array>
+#include <charconv>
 #include <locale>
 #include <sstream>
 
@@ -37,6 +39,13 @@ std::string shownNumber(double number) {
     stream.imbue(std::locale::classic());
     stream << number;
     return stream.str();
+}
+
+std::string exactNumber(double number) {
+    // A sign, a point, 17 digits and an exponent of five characters at most.
+    std::array<char, 32> text{};
+    auto const end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    return {text.data(), end};
 }
 
 } // namespace tamo::volume

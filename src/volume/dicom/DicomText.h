@@ -10,7 +10,10 @@ namespace tamo::volume {
 /// mark, such as letters of national character sets other than Latin 1 and UTF-8.
 std::string shownText(std::string const& text, std::string const& characterSet);
 
-/// Writes a number with at most six digits: "1.25".
+/// Writes a number with at most six digits, in no one's locale: "1.25".
 std::string shownNumber(double number);
+
+/// Writes a number with as many digits as tell it from all others, likewise: "0.1".
+std::string exactNumber(double number);
 
 } // namespace tamo::volume

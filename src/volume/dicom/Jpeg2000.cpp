@@ -79,9 +79,12 @@ std::size_t checkStart(std::vector<unsigned char> const& bytes, int columns, int
     if (components != 1) {
         throw BadFrame("a JPEG 2000 frame of " + std::to_string(components) + " components");
     }
-    // The decoder allocates some kilobytes for each tile, of which each takes at least 14 bytes in the stream.
+    // The decoder allocates some kilobytes for each tile, of which each takes at least 14 bytes in the stream: the
+    // segments SOT (12) and SOD (2) of ISO/IEC 15444-1.
+    auto const tiles = [](std::uint64_t length, std::uint64_t side) { return length / side + 1; };
+    std::uint64_t const most = bytes.size() / 14 + 4;
     if (tileWidth == 0 || tileHeight == 0 || tileLeft > left || tileTop > top ||
-        ((right - tileLeft) / tileWidth + 1) * ((bottom - tileTop) / tileHeight + 1) > bytes.size() / 14 + 4) {
+        tiles(right - tileLeft, tileWidth) > most / tiles(bottom - tileTop, tileHeight)) {
         throw BadFrame("more JPEG 2000 tiles than the frame has room for");
     }
     return static_cast<std::size_t>(start - bytes.begin());

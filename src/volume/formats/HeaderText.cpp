@@ -5,6 +5,7 @@
 #include "../Error.h"
 #include "../bytes/FileBytes.h"
 #include "../bytes/parseNumber.h"
+#include "../quoted.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,17 +19,6 @@ constexpr char const* kBlanks = " \t\r\n\v\f";
 // Returns whether a value is a whole number in [least, most]; NaN is not.
 bool isWhole(double value, double least, double most) {
     return value >= least && value <= most && value == std::floor(value);
-}
-
-// Returns what a refusal shows of a text, on one line.
-std::string shown(std::string text) {
-    constexpr std::size_t kMost = 80;
-    if (text.size() > kMost) {
-        text = text.substr(0, kMost) + "...";
-    }
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 127; }, '?');
-    return text;
 }
 
 } // namespace
@@ -135,19 +125,13 @@ std::int64_t HeaderText::whole(std::string const& name, std::int64_t least) cons
 }
 
 void HeaderText::refuse(std::string const& name, std::string const& expected) const {
-    throw Error(_path, "expected " + expected + " in the header field \"" + name + "\", found \"" +
-                           shown(text(name, "")) + "\"");
+    throw Error(_path,
+                "expected " + expected + " in the header field \"" + name + "\", found " + quoted(text(name, "")));
 }
 
 std::string trimmed(std::string const& text) {
     auto const first = text.find_first_not_of(kBlanks);
     return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); });
-    return text;
 }
 
 std::vector<std::string> wordsOf(std::string const& text) {

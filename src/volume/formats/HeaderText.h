@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include "../letterCase.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -67,9 +69,6 @@ class HeaderText {
 
 /// Returns `text` without blanks at its ends.
 std::string trimmed(std::string const& text);
-
-/// Returns `text` with its letters from A to Z in lower case.
-std::string lowerCase(std::string text);
 
 /// Returns the words between blanks.
 std::vector<std::string> wordsOf(std::string const& text);

@@ -94,7 +94,7 @@ class Parser {
         if (std::string const keyword = _text.keyword(); keyword != "dataset") {
             _text.refuse("DATASET", keyword);
         }
-        if (std::string const kind = _text.word(); VtkText::lowerCase(kind) != "structured_points") {
+        if (std::string const kind = _text.word(); lowerCase(kind) != "structured_points") {
             _text.refuse("a data set of STRUCTURED_POINTS", kind);
         }
     }
@@ -189,10 +189,9 @@ class Parser {
     void readField() {
         static_cast<void>(_text.word());
         for (std::int64_t arrays = _text.whole(0); arrays > 0; --arrays) {
-            if (_text.keyword() == "metadata") {
+            // What precedes an array's name belongs to the array before.
+            while (_text.keyword() == "metadata") {
                 readStructure("metadata");
-                ++arrays;
-                continue;
             }
             std::int64_t const components = _text.whole(0);
             std::int64_t const tuples = _text.whole(0);

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
 #include "../chooseOne.h"
+#include "../letterCase.h"
 #include "NiftiHeader.h"
 #include "StoredFile.h"
 #include "VolumeFormats.h"
 
-#include <algorithm>
-#include <cctype>
 #include <string>
 #include <vector>
 
@@ -19,10 +18,7 @@ namespace fs = std::filesystem;
 
 // Returns the ending from the last dot on, without a ".gz" behind it; "NII" is "nii".
 std::string kindOf(fs::path const& path) {
-    std::string name = path.filename().string();
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    fs::path const lower(name);
+    fs::path const lower(lowerCase(path.filename().string()));
     return lower.extension() == ".gz" ? lower.stem().extension().string() : lower.extension().string();
 }
 
@@ -33,11 +29,8 @@ fs::path partnerOf(fs::path const& path, std::string const& ending) {
                                    ? fs::path(name).extension().string()
                                    : "";
     std::string const stem = name.substr(0, name.size() - packed.size() - ending.size());
-    std::string capitals = ending;
-    std::transform(capitals.begin(), capitals.end(), capitals.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     for (std::string const& last : {packed, std::string(), std::string(".gz"), std::string(".GZ")}) {
-        for (std::string const& middle : {ending, capitals}) {
+        for (std::string const& middle : {ending, upperCase(ending)}) {
             fs::path candidate = path.parent_path() / (stem + middle + last);
             if (fs::is_regular_file(candidate)) {
                 return candidate;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
+#include "../bytes/halfToFloat.h"
 #include "../chooseOne.h"
 #include "NpyHeader.h"
 #include "StoredFile.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -39,17 +39,6 @@ constexpr std::array<Dtype, 12> kDtypes{{{"b1", ScalarType::UInt8},
                                          {"f4", ScalarType::Float32},
                                          {"f8", ScalarType::Float64}}};
 
-// Returns a number of 16 bits: a sign, 5 bits of exponent, 10 of fraction (IEEE 754, binary16).
-float halfValue(std::uint16_t bits) {
-    int const exponent = bits >> 10 & 0x1F;
-    int const fraction = bits & 0x3FF;
-    constexpr int kBias = 25;
-    float const magnitude = exponent == 31  ? (fraction == 0 ? INFINITY : NAN)
-                            : exponent == 0 ? std::ldexp(static_cast<float>(fraction), 1 - kBias)
-                                            : std::ldexp(static_cast<float>(fraction + 1024), exponent - kBias);
-    return (bits & 0x8000) != 0 ? -magnitude : magnitude;
-}
-
 // Turns `count` halves, which fill the second half of the target, into floats that fill all of it.
 void widenHalves(unsigned char* target, std::uint64_t count) {
     unsigned char const* const halves = target + 2 * count;
@@ -57,7 +46,7 @@ void widenHalves(unsigned char* target, std::uint64_t count) {
     for (std::uint64_t i = 0; i < count; ++i) {
         std::uint16_t bits = 0;
         std::memcpy(&bits, halves + 2 * i, sizeof(bits));
-        float const value = halfValue(bits);
+        float const value = halfToFloat(bits);
         std::memcpy(target + 4 * i, &value, sizeof(value));
     }
 }

@@ -23,19 +23,24 @@ std::string fieldName(std::string const& name) {
     return synonym == kSynonyms.end() ? lower : synonym->second;
 }
 
-// A line is a comment, "field: value", or "key:=value".
-void readLine(NrrdHeader& header, std::string const& line) {
+// A line is a comment, "field: value", or "key:=value". Returns whether it is the last one, which the names of files
+// follow. Only the line itself is looked at: there may be very many, and one of them may be very long.
+bool readLine(NrrdHeader& header, std::string const& line) {
     auto const colon = line.find(':');
     if (line[0] == '#' || colon == std::string::npos) {
-        return;
+        return false;
     }
     auto const field = line.find(": ");
     auto const key = line.find(":=");
     if (key < field) {
         header.keys[line.substr(0, key)] = line.substr(key + 2);
     } else if (field != std::string::npos) {
-        header.text.set(fieldName(line.substr(0, field)), trimmed(line.substr(field + 2)));
+        std::string const name = fieldName(line.substr(0, field));
+        header.text.set(name, trimmed(line.substr(field + 2)));
+        auto const words = name == "data file" ? wordsOf(line.substr(field + 2)) : std::vector<std::string>();
+        return !words.empty() && words[0] == "LIST";
     }
+    return false;
 }
 
 void readLines(NrrdHeader& header, HeaderLines& lines) {
@@ -44,9 +49,7 @@ void readLines(NrrdHeader& header, HeaderLines& lines) {
         throw Error(header.text.path(), "expected a NRRD file, which begins with \"NRRD\"");
     }
     for (line = lines.next(); line && !trimmed(*line).empty(); line = lines.next()) {
-        readLine(header, *line);
-        auto const words = wordsOf(header.text.text("data file", ""));
-        if (!words.empty() && words[0] == "LIST") {
+        if (readLine(header, *line)) {
             return;
         }
     }

@@ -3,9 +3,10 @@
 #include "VtkText.h"
 
 #include "../Error.h"
+#include "../bytes/parseNumber.h"
+#include "../quoted.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace tamo::volume {
@@ -52,17 +53,10 @@ std::string VtkText::line() {
     return text;
 }
 
-std::string VtkText::lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); });
-    return text;
-}
-
 std::int64_t VtkText::whole(std::int64_t least) {
     std::string const text = word();
     std::int64_t value = 0;
-    auto const result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || value < least) {
+    if (!parseNumber(text, value) || value < least) {
         refuse("a whole number of at least " + std::to_string(least), text);
     }
     return value;
@@ -71,20 +65,14 @@ std::int64_t VtkText::whole(std::int64_t least) {
 double VtkText::number() {
     std::string const text = word();
     double value = 0;
-    auto const result = std::from_chars(text.data() + (text[0] == '+' ? 1 : 0), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || !std::isfinite(value)) {
+    if (!parseNumber(text, value) || !std::isfinite(value)) {
         refuse("a number", text);
     }
     return value;
 }
 
-void VtkText::refuse(std::string const& expected, std::string found) const {
-    constexpr std::size_t kMostShown = 40;
-    found.resize(std::min(found.size(), kMostShown));
-    std::replace_if(
-        found.begin(), found.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
-    throw Error(_path,
-                "expected " + expected + ", found " + (found.empty() ? "the end of the file" : "\"" + found + "\""));
+void VtkText::refuse(std::string const& expected, std::string const& found) const {
+    throw Error(_path, "expected " + expected + ", found " + (found.empty() ? "the end of the file" : quoted(found)));
 }
 
 bool VtkText::skipWords(std::uint64_t count) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../bytes/FileBytes.h"
+#include "../letterCase.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -25,13 +26,11 @@ class VtkText {
     std::string line();
     /// Returns the next word in small letters.
     std::string keyword() { return lowerCase(word()); }
-    /// Returns a text in small letters, those of ASCII alone.
-    static std::string lowerCase(std::string text);
     /// Returns the next word as a whole number of at least `least`, or as a finite number. Throws `Error` for others.
     std::int64_t whole(std::int64_t least);
     double number();
     /// Throws `Error` that quotes what was found in its place, as far as it can be shown.
-    [[noreturn]] void refuse(std::string const& expected, std::string found) const;
+    [[noreturn]] void refuse(std::string const& expected, std::string const& found) const;
     /// Leaves out words, or bytes; returns false where there are not so many.
     [[nodiscard]] bool skipWords(std::uint64_t count);
     [[nodiscard]] bool skipBytes(std::uint64_t count);

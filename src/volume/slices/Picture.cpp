@@ -3,9 +3,8 @@
 #include "Picture.h"
 
 #include "../Error.h"
+#include "../letterCase.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -64,9 +63,7 @@ char const* nameOf(PictureFormat format) {
 }
 
 std::optional<PictureFormat> pictureFormatOf(std::filesystem::path const& path) {
-    std::string ending = path.extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::string const ending = lowerCase(path.extension().string());
     if (ending == ".png") {
         return PictureFormat::Png;
     }

@@ -4,6 +4,7 @@
 
 #include "../Error.h"
 #include "../formats/VolumeFormats.h"
+#include "../listed.h"
 #include "SliceNames.h"
 
 #include <algorithm>
@@ -136,13 +137,8 @@ std::string noteOfOthers(std::vector<fs::path> const& others) {
     if (others.empty()) {
         return {};
     }
-    std::string names;
-    for (std::size_t i = 0; i < std::min(others.size(), kMostNamed); ++i) {
-        names += (i > 0 ? ", " : "") + others[i].filename().string();
-    }
-    if (others.size() > kMostNamed) {
-        names += " and " + std::to_string(others.size() - kMostNamed) + " more";
-    }
+    std::string const names =
+        listed(others.size(), kMostNamed, [&others](std::size_t i) { return others[i].filename().string(); });
     return names + (others.size() == 1 ? " is no slice and was left out" : " are no slices and were left out");
 }
 

@@ -3,11 +3,10 @@
 #include "TiffPage.h"
 
 #include "../Error.h"
+#include "../bytes/halfToFloat.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
-#include <limits>
 #include <string>
 
 namespace tamo::volume {
@@ -61,21 +60,6 @@ std::uint64_t mostPerByte(std::uint16_t compression) {
 
 std::uint64_t bytesOfRow(std::int64_t width, std::uint16_t bits) {
     return (static_cast<std::uint64_t>(width) * bits + 7) / 8;
-}
-
-// Returns a float of 16 bits, a sign, 5 of exponent and 10 of fraction, as one of 32.
-float halfToFloat(std::uint16_t half) {
-    int const exponent = half >> 10 & 0x1F;
-    int const fraction = half & 0x3FF;
-    float value = 0;
-    if (exponent == 0x1F) {
-        value = fraction == 0 ? std::numeric_limits<float>::infinity() : std::numeric_limits<float>::quiet_NaN();
-    } else if (exponent == 0) {
-        value = std::ldexp(static_cast<float>(fraction), -24);
-    } else {
-        value = std::ldexp(static_cast<float>(fraction + 0x400), exponent - 25);
-    }
-    return (half & 0x8000) != 0 ? -value : value;
 }
 
 } // namespace

@@ -50,7 +50,8 @@ std::size_t splitHistogram(std::vector<double> const& histogram) {
 
 double computeOtsuThreshold(Volume const& volume, ValueRange range, Progress const& progress) {
     constexpr std::size_t kBins = 256;
-    double const width = (range.max - range.min) / kBins;
+    // Each end by itself: the difference of two large numbers may be none.
+    double const width = range.max / kBins - range.min / kBins;
     if (!(width > 0)) {
         return range.max;
     }
@@ -64,8 +65,9 @@ double computeOtsuThreshold(Volume const& volume, ValueRange range, Progress con
                 std::for_each_n(row, rowVoxels, [&](auto stored) {
                     double const value = header.slope * static_cast<double>(stored) + header.intercept;
                     if (std::isfinite(value)) {
-                        auto const bin = static_cast<std::size_t>(std::max(0.0, (value - range.min) / width));
-                        histogram[std::min(bin, kBins - 1)] += 1;
+                        // Clamped before it is cut to a whole number, which not every double has.
+                        double const bin = std::clamp((value - range.min) / width, 0.0, kBins - 1.0);
+                        histogram[static_cast<std::size_t>(bin)] += 1;
                     }
                 });
             },

@@ -88,10 +88,9 @@ template <typename T> class Gatherer {
     [[nodiscard]] VoxelStatistics finish() const {
         VoxelStatistics statistics = _statistics;
         statistics.values = _counter.counts();
-        if (statistics.range || _min > _max) {
-            return statistics;
+        if (_min <= _max) {
+            statistics.range = {static_cast<double>(_min), static_cast<double>(_max)};
         }
-        statistics.range = {static_cast<double>(_min), static_cast<double>(_max)};
         return statistics;
     }
 

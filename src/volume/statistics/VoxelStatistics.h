@@ -27,7 +27,7 @@ struct VoxelStatistics {
     std::uint64_t negativeInfinite = 0;
     /// All finite values in rising order; nothing where there are more than `kMostValues`.
     std::optional<std::vector<ValueCount>> values;
-    /// Whether all voxels are whole numbers, as they are stored.
+    /// Whether all finite voxels are whole numbers, as they are stored.
     bool areWhole = true;
 
     static constexpr std::size_t kMostValues = 65536;

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -128,6 +130,24 @@ TEST(DicomFrames, OfDosesLieAtTheirOffsets) {
     EXPECT_EQ(header.geometry.spacing[2], 2.5);
     EXPECT_EQ(header.slope, 0.01);
     EXPECT_EQ(header.valueUnit, "GY");
+}
+
+// Each pair of marks is tried: thousands of them would take hours.
+TEST(DicomFrames, OfThousandsOfDimensionsAreRefusedAtOnce) {
+    TemporaryFolder const folder;
+    save(makePhantom(4, 3, 4), folder / "a.dcm", [](DcmDataset& dataset) {
+        std::vector<Uint32> const indices(4000, 1);
+        for (int k = 0; k < 4; ++k) {
+            setElement(groupOf(dataset, k, DCM_PlanePositionSequence), DCM_ImagePositionPatient,
+                       "0\\0\\" + std::to_string(10 * (k / 2)));
+            ASSERT_TRUE(groupOf(dataset, k, DCM_FrameContentSequence)
+                            .putAndInsertUint32Array(DCM_DimensionIndexValues, indices.data(), indices.size())
+                            .good());
+        }
+    });
+    auto const start = std::chrono::steady_clock::now();
+    EXPECT_NE(refusalOf(folder / "a.dcm").find("at the same"), std::string::npos);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 } // namespace

@@ -97,7 +97,7 @@ TEST(DicomMarks, ChooseASegmentByItsName) {
     addSegment(dataset, "2", "kidney");
     saveDicom(dataset, folder / "seg.dcm", EXS_LittleEndianExplicit);
     VolumeSource source = sourceOf(folder / "seg.dcm");
-    EXPECT_NE(refusalOf(source).find("2 frames by segment"), std::string::npos);
+    EXPECT_NE(refusalOf(source).find("2 frames by segment (1, 2)"), std::string::npos);
     source.segment = "kidney";
     EXPECT_EQ(valueAt(readWhole(source), 0, 0, 0), makePhantom(4, 3, 4).at(0, 0, 0));
     source.segment = "liver";

@@ -106,4 +106,32 @@ TEST(DicomParser, PassesOverSequencesOfUnknownTypeWrittenWithoutTypes) {
     EXPECT_FALSE(header->dataset.has(dicom::kPosition));
 }
 
+// A program that does not know an element hands it on as UN, in whichever of the two lengths.
+TEST(DicomParser, TakesWantedSequencesOfUnknownType) {
+    std::string const content = tag(0x20, 0x32) + numberBytes(std::uint32_t{6}) + "1\\2\\3 ";
+    std::string const items = item(static_cast<std::uint32_t>(content.size())) + content;
+    std::string const unknown = tag(0x20, 0x9113) + "UN" + std::string(2, '\0');
+    for (std::string const& dataset : {unknown + numberBytes(static_cast<std::uint32_t>(items.size())) + items,
+                                       unknown + numberBytes(kOpen) + items + item(0).replace(2, 2, "\xDD\xE0")}) {
+        auto const header = parsed(dataset + shortElement(0x28, 0x11, "US", std::string("\7\0", 2)));
+        ASSERT_TRUE(header.has_value());
+        EXPECT_EQ(header->dataset.whole(dicom::kColumns), 7);
+        ASSERT_EQ(header->dataset.items(dicom::kPlanePositionSequence).size(), 1U);
+        EXPECT_EQ(header->dataset.items(dicom::kPlanePositionSequence)[0].text(dicom::kPosition), "1\\2\\3");
+    }
+}
+
+TEST(DicomParser, TakesElementsOfUnknownTypeAsLittleEndianInBigEndianFiles) {
+    TemporaryFolder const folder;
+    std::string const content = tag(0x20, 0x32) + numberBytes(std::uint32_t{6}) + "1\\2\\3 ";
+    std::string const items = item(static_cast<std::uint32_t>(content.size())) + content;
+    std::string const big("\x00\x20\x91\x13UN\0\0\xFF\xFF\xFF\xFF", 12);
+    std::string const rows("\x00\x28\x00\x10US\x00\x02\x00\x05", 10);
+    writeFile(folder / "a", std::string(128, '\0') + "DICM" + shortElement(2, 0x10, "UI", "1.2.840.10008.1.2.2 ") +
+                                big + items + item(0).replace(2, 2, "\xDD\xE0") + rows);
+    DicomHeader const header = readDicomHeader(folder / "a");
+    EXPECT_EQ(header.dataset.items(dicom::kPlanePositionSequence).size(), 1U);
+    EXPECT_EQ(header.dataset.whole(dicom::kRows), 5);
+}
+
 } // namespace

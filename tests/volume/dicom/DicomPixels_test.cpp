@@ -157,4 +157,20 @@ TEST(DicomPixels, FindThePiecesOfEachFrame) {
     }
 }
 
+TEST(DicomPixels, LoseNoDigitsOfWideNumbersThatAreRescaledSliceBySlice) {
+    constexpr Uint32 kWide = (1U << 24U) + 1;
+    Volume const volume = readAfter(makePhantom(2, 2, 3), EXS_LittleEndianExplicit, [](DcmDataset& dataset, int z) {
+        setBits(dataset, 32, 32, 31, false);
+        setElement(dataset, DCM_RescaleSlope, "1");
+        setElement(dataset, DCM_RescaleIntercept, std::to_string(z));
+        std::array<Uint16, 8> words{};
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            words[i] = i % 2 == 0 ? kWide & 0xFFFFU : kWide >> 16U;
+        }
+        ASSERT_TRUE(dataset.putAndInsertUint16Array(DCM_PixelData, words.data(), words.size()).good());
+    });
+    EXPECT_EQ(volume.header.type, ScalarType::Float64);
+    EXPECT_EQ(valueAt(volume, 1, 1, 2), kWide + 2);
+}
+
 } // namespace

@@ -6,6 +6,7 @@
 
 namespace {
 
+using tamo::volume::exactNumber;
 using tamo::volume::shownNumber;
 using tamo::volume::shownText;
 
@@ -36,6 +37,13 @@ TEST(DicomText, HasAtMost64Characters) {
 TEST(DicomText, ShowsNumbersWithoutTrailingZeros) {
     EXPECT_EQ(shownNumber(1.25), "1.25");
     EXPECT_EQ(shownNumber(3), "3");
+}
+
+TEST(DicomText, TellsNumbersApart) {
+    EXPECT_EQ(exactNumber(2), "2");
+    EXPECT_EQ(exactNumber(0.1), "0.1");
+    EXPECT_NE(exactNumber(1e-9), exactNumber(2e-9));
+    EXPECT_NE(exactNumber(1000000.25), exactNumber(1000000.5));
 }
 
 } // namespace

@@ -106,7 +106,6 @@ TEST(HeaderText, IsRefusedInOneLineWhateverItHolds) {
 TEST(HeaderText, ComesWithoutBlanksAroundIt) {
     EXPECT_EQ(tamo::volume::trimmed(" \ta b\r "), "a b");
     EXPECT_EQ(tamo::volume::trimmed(" \t"), "");
-    EXPECT_EQ(tamo::volume::lowerCase("Ab C"), "ab c");
     EXPECT_EQ(tamo::volume::wordsOf(" a\tbc  d "), (std::vector<std::string>{"a", "bc", "d"}));
     EXPECT_TRUE(tamo::volume::wordsOf(" ").empty());
 }

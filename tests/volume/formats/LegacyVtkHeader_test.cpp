@@ -104,4 +104,12 @@ TEST(LegacyVtkHeader, RefusesWhatIsNoVoxel) {
     }
 }
 
+TEST(LegacyVtkHeader, MayHaveMetadataBetweenArraysOfAField) {
+    std::string const field = "FIELD f 2\na 1 8 short\n1 2 3 4 5 6 7 8\nMETADATA\nINFORMATION 0\n\n"
+                              "b 1 8 short\n1 2 3 4 5 6 7 8\n";
+    EXPECT_EQ(headerOf(join({kStart, kSize, kPoints}) + field).volume.type, ScalarType::Int16);
+    std::string const endless = "FIELD f 9223372036854775807\nMETADATA\n\n";
+    EXPECT_NE(refusal(join({kStart, kSize, kPoints}) + endless), "");
+}
+
 } // namespace

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace {
 
 using tamo::volume::NrrdHeader;
@@ -52,6 +54,17 @@ TEST(NrrdHeader, EndsWithAnEmptyLineUnlessItsDataIsDetached) {
     EXPECT_TRUE(isRefused("NRRD0001\ndimension: 3\nsizes: 2 3 4\n"));
     EXPECT_FALSE(isRefused("NRRD0001\ndimension: 3\nsizes: 2 3 4\n\n"));
     EXPECT_FALSE(isRefused("NRRD0001\ndimension: 3\nsizes: 2 3 4\ndata file: a"));
+}
+
+// A look at the long field for each of the lines would take minutes.
+TEST(NrrdHeader, IsReadInTimeOfItsLength) {
+    std::string text = "NRRD0001\ndimension: 3\nsizes: 2 3 4\ndata file: " + std::string(1 << 20, 'a') + "\n";
+    for (int i = 0; i < 200000; ++i) {
+        text += "a: b\n";
+    }
+    auto const start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(isRefused(text));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 TEST(NrrdHeader, IsThatOfThreeAxesOfSpaceAtLeast) {

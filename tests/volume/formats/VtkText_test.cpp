@@ -64,15 +64,12 @@ TEST(VtkText, ReadsNumbersAsTheyShouldBe) {
 
 TEST(VtkText, QuotesInOneShortLineWhateverItFinds) {
     TemporaryFolder const folder;
-    std::string every;
-    for (int c = 1; c < 256; ++c) {
-        every += static_cast<char>(c);
-    }
     writeFile(folder / "a", "");
     try {
-        VtkText(folder / "a").refuse("a number", every);
+        VtkText(folder / "a").refuse("a number", "a\nb" + std::string(1000, 'c'));
+        FAIL();
     } catch (tamo::volume::Error const& error) {
-        EXPECT_EQ(error.reason(), "expected a number, found \"" + std::string(31, '?') + " !\"#$%&'(\"");
+        EXPECT_EQ(error.reason(), "expected a number, found \"a?b" + std::string(57, 'c') + "...\"");
     }
 }
 

@@ -36,4 +36,14 @@ TEST(OtsuThreshold, OfASingleValueIsThatValue) {
     EXPECT_EQ(computeOtsuThreshold(volume, {9, 9}, {}), 9);
 }
 
+TEST(OtsuThreshold, CountsWhatLiesOutsideOfTheRangeAtItsEnds) {
+    auto const volume = makeVolume<double>({4, 1, 1}, [](auto x, auto, auto) { return x < 2 ? -1e308 : 1e308; });
+    double const threshold = computeOtsuThreshold(volume, {0, 256}, {});
+    EXPECT_GT(threshold, 1);
+    EXPECT_LT(threshold, 255);
+    double const widest = computeOtsuThreshold(volume, {-1e308, 1e308}, {});
+    EXPECT_GT(widest, -1e308);
+    EXPECT_LT(widest, 1e308);
+}
+
 } // namespace

@@ -83,7 +83,8 @@ void compress(DcmDataset& dataset, E_TransferSyntax syntax) {
         OFLog::getLogger("dcmtk.dcmimgle").setLogLevel(OFLogger::ERROR_LOG_LEVEL);
         DcmRLEEncoderRegistration::registerCodecs();
         DJEncoderRegistration::registerCodecs();
-        DJLSEncoderRegistration::registerCodecs();
+        // The library's other encoder ("cooked") writes past its buffer where a small picture does not shrink.
+        DJLSEncoderRegistration::registerCodecs(0, 0, 0, 0, /*preferCookedEncoding=*/OFFalse);
         return true;
     }();
     static_cast<void>(kIsReady);
