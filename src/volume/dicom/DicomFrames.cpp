@@ -153,8 +153,10 @@ void readRescale(Sources const& sources, DicomImage const& image, DicomFrame& fr
 
 std::string markText(DicomDataset const& holder, DicomTag tag) {
     std::string text = holder.text(tag);
-    if (text.empty() && holder.number(tag)) {
-        text = std::to_string(*holder.number(tag));
+    std::optional<double> const number = text.empty() ? holder.number(tag) : std::nullopt;
+    if (number) {
+        bool const isWhole = std::abs(*number) < 1e15 && *number == std::floor(*number);
+        text = isWhole ? std::to_string(static_cast<std::int64_t>(*number)) : std::to_string(*number);
     }
     return text;
 }

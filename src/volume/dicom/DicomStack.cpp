@@ -122,7 +122,8 @@ Vector3 commonStep(Series const& series, std::vector<StackSlice> const& slices) 
         }
     }
     std::vector<Vector3> sorted = steps;
-    auto const middle = sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / 2);
+    // Of two in the middle the smaller: the other one is a gap.
+    auto const middle = sorted.begin() + static_cast<std::ptrdiff_t>((sorted.size() - 1) / 2);
     std::nth_element(sorted.begin(), middle, sorted.end(),
                      [](Vector3 const& a, Vector3 const& b) { return dot(a, a) < dot(b, b); });
     Vector3 const usual = *middle;
