@@ -6,6 +6,7 @@
 #include "../formats/VolumeFormats.h"
 #include "ImageJText.h"
 #include "OmeText.h"
+#include "ShapedText.h"
 #include "TiffPage.h"
 #include "TiffStack.h"
 
@@ -20,7 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 
 void addSpacing(VolumeHeader& header, std::array<std::optional<double>, 3> const& spacing, std::string const& unit) {
-    header.geometry.fileUnit = unit;
+    // "pixel" is a unit too, but none of length.
+    header.geometry.fileUnit = millimetresPer(unit) > 0 ? unit : "";
     if (spacing[0] && spacing[1] && spacing[2]) {
         header.geometry.spacing = {*spacing[0], *spacing[1], *spacing[2]};
         header.geometry.isSpacingKnown = true;
@@ -162,6 +164,22 @@ std::unique_ptr<VolumeFile> openOme(Opening opening, std::vector<OmeImage> const
     return openPages(std::move(opening), std::move(chosen));
 }
 
+std::unique_ptr<VolumeFile> openShaped(Opening opening, ShapedText const& text) {
+    std::vector<std::uint64_t> const pages = opening.stack.slicePages();
+    if (text.count() != static_cast<std::int64_t>(pages.size())) {
+        throw Error(opening.source.path, "expected " + std::to_string(text.count()) +
+                                             " pages, as the shape in its description says, found " +
+                                             std::to_string(pages.size()) +
+                                             "; the file is incomplete, or holds several volumes: save each alone");
+    }
+    chooseAxes(opening, text.count('C'), text.count('T'));
+    std::vector<std::uint64_t> chosen;
+    for (std::int64_t const page : text.pagesOf(opening.header.channel, opening.header.frame)) {
+        chosen.push_back(pages[static_cast<std::size_t>(page)]);
+    }
+    return openPages(std::move(opening), std::move(chosen));
+}
+
 } // namespace
 
 std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const& progress) {
@@ -185,6 +203,9 @@ std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const&
     }
     if (auto const text = parseImageJText(description, source.path)) {
         return openImageJ(std::move(opening), *text);
+    }
+    if (auto const text = parseShapedText(description, stack.page.width, stack.page.height)) {
+        return openShaped(std::move(opening), *text);
     }
     return openPages(std::move(opening), stack.slicePages());
 }

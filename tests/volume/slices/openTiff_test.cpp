@@ -155,6 +155,20 @@ TEST_F(TiffFile, ListsTheImagesOfOmeAsSeries) {
     EXPECT_EQ(readWhole(right).header.series.size(), 2U);
 }
 
+TEST_F(TiffFile, TakesFramesOfAShapeApart) {
+    writePages(6, "{\"shape\": [2, 3, 4, 5]}");
+    EXPECT_TRUE(isRefusedWith(source(), "found 2 frames"));
+    EXPECT_EQ(slicesOf(source({}, 1)), (Pages{3, 4, 5}));
+    writePages(6, "{\"shape\": [3, 2, 4, 5], \"axes\": \"ZCYX\"}");
+    EXPECT_EQ(slicesOf(source(1)), (Pages{1, 3, 5}));
+    writePages(6, "{\"shape\": [6, 4, 5]}");
+    EXPECT_EQ(slicesOf(source()), (Pages{0, 1, 2, 3, 4, 5}));
+    writePages(6, "{\"shape\": [4, 5]}");
+    EXPECT_EQ(slicesOf(source()), (Pages{0, 1, 2, 3, 4, 5}));
+    writePages(6, "{\"shape\": [3, 4, 5]}");
+    EXPECT_TRUE(isRefusedWith(source(), "expected 3 pages, as the shape in its description says, found 6"));
+}
+
 TEST_F(TiffFile, DoesNotTrustResolutionsWithoutADescription) {
     writePages(3, "a page for the printer", PHOTOMETRIC_MINISBLACK, 300);
     auto const header = readWhole(source()).header;
