@@ -17,6 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+char lowerCase(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Returns the number that starts at a place, without its leading zeros (that of a zero has no digits at all), and moves
@@ -45,7 +47,7 @@ SliceName takeApart(fs::path const& path) {
             name.text += '#';
             name.numbers.push_back(takeNumber(stem, i));
         } else {
-            name.text += static_cast<char>(std::tolower(static_cast<unsigned char>(stem[i++])));
+            name.text += lowerCase(stem[i++]);
         }
     }
     return name;
@@ -192,8 +194,8 @@ bool isBefore(std::string const& a, std::string const& b) {
             if (numberA != numberB) {
                 return numberA.size() != numberB.size() ? numberA.size() < numberB.size() : numberA < numberB;
             }
-        } else if (a[i] != b[j]) {
-            return a[i] < b[j];
+        } else if (lowerCase(a[i]) != lowerCase(b[j])) {
+            return lowerCase(a[i]) < lowerCase(b[j]);
         } else {
             ++i;
             ++j;

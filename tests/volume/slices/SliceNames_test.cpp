@@ -28,9 +28,9 @@ bool hasBoth(std::string const& line, std::string const& a, std::string const& b
 }
 
 TEST(SliceNames, AreOrderedAsAPersonCounts) {
-    std::vector<std::string> const ordered{"0",      "1",      "2a10",    "2a011",
-                                           "10",     "a",      "slice",   "slice0",
-                                           "slice1", "slice9", "slice10", "slice100000000000000000000"};
+    std::vector<std::string> const ordered{
+        "0",      "1",      "2a10",   "2a011",  "10",      "a",       "slice",
+        "slice0", "slice1", "SLICE2", "slice9", "slice10", "SLICE11", "slice100000000000000000000"};
     std::vector<std::string> shuffled = ordered;
     std::reverse(shuffled.begin(), shuffled.end());
     std::sort(shuffled.begin(), shuffled.end(), isBefore);
@@ -38,9 +38,9 @@ TEST(SliceNames, AreOrderedAsAPersonCounts) {
 }
 
 TEST(SliceNames, OrderIsStrict) {
-    for (std::string const a : {"a1", "a01", "b", "a1b", "a"}) {
+    for (std::string const a : {"a1", "A1", "a01", "b", "a1b", "a"}) {
         EXPECT_FALSE(isBefore(a, a));
-        for (std::string const b : {"a1", "a01", "b", "a1b", "a"}) {
+        for (std::string const b : {"a1", "A1", "a01", "b", "a1b", "a"}) {
             EXPECT_EQ(isBefore(a, b) || isBefore(b, a), a != b) << a << " " << b;
         }
     }
