@@ -70,6 +70,14 @@ bool isNamedPreview(fs::path const& path) {
 
 constexpr std::size_t kLeastSlices = 10;
 
+// Whether a folder holds one picture, which alone is no volume, beside DICOM slices or the folders where slices may be.
+// A TIFF file may hold a volume.
+bool isLonePicture(SliceListing const& listing) {
+    bool const isOne = listing.pictures.size() == 1 && listing.pictures.begin()->second.size() == 1 &&
+                       listing.pictures.begin()->first != PictureFormat::Tiff;
+    return isOne && (listing.dicomFiles.size() > 1 || (listing.dicomFiles.empty() && !listing.folders.empty()));
+}
+
 } // namespace
 
 SliceListing listFolder(fs::path const& folder) {
@@ -111,6 +119,10 @@ void setPreviewApart(SliceListing& listing) {
             listing.pictures.erase(format);
         }
     };
+    if (isLonePicture(listing)) {
+        setApart(listing.pictures.begin()->first, listing.pictures.begin()->second.begin());
+        return;
+    }
     std::size_t const formats = listing.pictures.size() + (listing.dicomFiles.empty() ? 0 : 1);
     std::size_t most = listing.dicomFiles.size();
     for (auto const& [format, paths] : listing.pictures) {
