@@ -20,7 +20,7 @@ std::string namesOf(std::vector<LabelName> const& labels) {
     for (std::size_t i = 0; i < std::min(labels.size(), kMostListed); ++i) {
         names += (i > 0 ? ", " : "") + labels[i].name;
     }
-    return labels.empty() ? "no named segments" : names + (labels.size() > kMostListed ? ", ..." : "");
+    return names + (labels.size() > kMostListed ? ", ..." : "");
 }
 
 // By the UID where the number does not tell it from the others.
@@ -74,6 +74,9 @@ std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> con
 }
 
 std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels) {
+    if (labels.empty()) {
+        throw Error(source.path, "expected a file of named segments with --segment, found none in it; leave it out");
+    }
     auto const segment = std::find_if(labels.begin(), labels.end(),
                                       [&source](LabelName const& label) { return label.name == source.segment; });
     if (segment == labels.end()) {

@@ -4,6 +4,7 @@
 
 #include "../Error.h"
 #include "../chooseOne.h"
+#include "../quoted.h"
 #include "DicomText.h"
 
 #include <algorithm>
@@ -94,6 +95,17 @@ std::string listed(std::vector<Marked> const& frames) {
     return list + (frames.size() > kMostListed ? ", ..." : "");
 }
 
+// The end of a refusal: by which names segments can be chosen.
+std::string segmentNames(MarkedSeries const& series) {
+    constexpr std::size_t kMostListed = 20;
+    auto const& segments = series.images.front().segments;
+    std::string names;
+    for (std::size_t i = 0; i < std::min(segments.size(), kMostListed); ++i) {
+        names += (i > 0 ? ", " : "") + quoted(segments[i].second);
+    }
+    return names.empty() ? "" : ", or with --segment: " + names + (segments.size() > kMostListed ? ", ..." : "");
+}
+
 // The frame that the source names: by its number, or by the segment that it holds. -1 where it names none.
 std::int64_t wantedFrame(MarkedSeries const& series, std::vector<Marked> const& frames, bool areSegments) {
     if (series.source.frame || !areSegments || series.source.segment.empty()) {
@@ -140,7 +152,7 @@ std::vector<StackSlice> chooseFrame(MarkedSeries const& series, Places const& pl
     if (frame < 0 || frame >= static_cast<std::int64_t>(count)) {
         throw Error(series.source.path, "expected one volume, found " + std::to_string(count) + " frames by " + name +
                                             " (" + listed(frames) + "); choose one with --frame, 0 to " +
-                                            std::to_string(count - 1));
+                                            std::to_string(count - 1) + (areSegments ? segmentNames(series) : ""));
     }
     stack.frames = static_cast<std::int64_t>(count);
     stack.frame = frame;

@@ -97,7 +97,10 @@ TEST(DicomMarks, ChooseASegmentByItsName) {
     addSegment(dataset, "2", "kidney");
     saveDicom(dataset, folder / "seg.dcm", EXS_LittleEndianExplicit);
     VolumeSource source = sourceOf(folder / "seg.dcm");
-    EXPECT_NE(refusalOf(source).find("2 frames by segment"), std::string::npos);
+    EXPECT_NE(refusalOf(source).find("2 frames by segment (1, 2); choose one with --frame, 0 to 1, or with --segment: "
+                                     "\"liver\", \"kidney\""),
+              std::string::npos)
+        << refusalOf(source);
     source.segment = "kidney";
     EXPECT_EQ(valueAt(readWhole(source), 0, 0, 0), makePhantom(4, 3, 4).at(0, 0, 0));
     source.segment = "liver";
