@@ -88,7 +88,7 @@ class PagelessTiff : public VolumeFile {
 struct Opening {
     VolumeSource const& source;
     TiffHandle& file;
-    TiffStack const& stack;
+    TiffStack stack;
     VolumeHeader header;
 };
 
@@ -153,14 +153,22 @@ std::unique_ptr<VolumeFile> openOme(Opening opening, std::vector<OmeImage> const
     for (std::int64_t const page : pagesOf(image, opening.header.channel, opening.header.frame, pageCount, path)) {
         chosen.push_back(opening.stack.directories[static_cast<std::size_t>(page)]);
     }
-    // The document may name pages that are reduced ones.
+    // The document may name pages that are reduced ones, and its images may be of several sizes.
     opening.file.select(chosen.front());
-    TiffPage const page = currentPage(opening.file);
-    if (!page.isLike(opening.stack.page) || page.width != image.width || page.height != image.height) {
-        throw Error(path, "expected slices of " + std::to_string(image.width) + " x " + std::to_string(image.height) +
-                              " pixels, as the OME description says, found pages of " + std::to_string(page.width) +
-                              " x " + std::to_string(page.height));
+    TiffPage const first = currentPage(opening.file);
+    for (std::uint64_t const directory : chosen) {
+        opening.file.select(directory);
+        TiffPage const page = currentPage(opening.file);
+        if (!page.isLike(first) || page.width != image.width || page.height != image.height) {
+            throw Error(path, "expected slices of " + std::to_string(image.width) + " x " +
+                                  std::to_string(image.height) +
+                                  " pixels of one type, as the OME description says, found a page of " +
+                                  std::to_string(page.width) + " x " + std::to_string(page.height));
+        }
     }
+    opening.stack.page = first;
+    opening.header.type = first.type;
+    opening.header.size = {first.width, first.height, 1};
     return openPages(std::move(opening), std::move(chosen));
 }
 
@@ -185,16 +193,17 @@ std::unique_ptr<VolumeFile> openShaped(Opening opening, ShapedText const& text) 
 std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const& progress) {
     TiffHandle file(source.path);
     std::string const description = file.description();
-    TiffStack const stack = listPages(file, progress);
-    Opening opening{source, file, stack, {}};
+    auto const ome = parseOmeText(description, source.path);
+    Opening opening{source, file, listPages(file, progress, /*mayDiffer=*/ome.has_value()), {}};
+    TiffStack const& stack = opening.stack;
     VolumeHeader& header = opening.header;
     header.format = "TIFF stack";
     header.type = stack.page.type;
     header.size = {stack.page.width, stack.page.height, 1};
-    if (stack.page.isZeroWhite) {
-        header.notes.push_back(noteOf(stack.page));
+    if (std::string note = noteOf(stack.page); !note.empty()) {
+        header.notes.push_back(std::move(note));
     }
-    if (auto const ome = parseOmeText(description, source.path)) {
+    if (ome) {
         return openOme(std::move(opening), *ome);
     }
     std::size_t const reduced = stack.directories.size() - stack.slicePages().size();
