@@ -122,6 +122,18 @@ std::int64_t wantedFrame(MarkedSeries const& series, std::vector<Marked> const& 
     return frameOfSegment(series.source, labels);
 }
 
+// Refuses several frames of which some lack a slice, or have one too many.
+void checkCounts(MarkedSeries const& series, Places const& places) {
+    auto const [least, most] = std::minmax_element(places.begin(), places.end(),
+                                                   [](auto const& a, auto const& b) { return a.size() < b.size(); });
+    if (least->size() > 1 && least->size() < most->size()) {
+        throw Error(series.source.path,
+                    "expected as many slices at each place, found " + std::to_string(least->size()) + " at that of " +
+                        series.nameOf(least->front()) + " and " + std::to_string(most->size()) + " at that of " +
+                        series.nameOf(most->front()) + ": of several frames one lacks a slice or has one too many");
+    }
+}
+
 [[noreturn]] void refuseDoubled(MarkedSeries const& series, std::vector<StackSlice> const& place) {
     throw Error(series.source.path, "expected one slice at each place, found " + series.nameOf(place[0]) + " and " +
                                         series.nameOf(place[1]) + " at the same; leave out what is doubled");
@@ -138,6 +150,7 @@ std::vector<StackSlice> chooseFrame(MarkedSeries const& series, Places const& pl
         }
         return chosen;
     }
+    checkCounts(series, places);
     std::size_t const count = doubled->size();
     bool const isEven =
         std::all_of(places.begin(), places.end(), [count](auto const& place) { return place.size() == count; });

@@ -56,6 +56,19 @@ TEST(DicomMarks, RefusesDoubledSlicesThatNothingTellsApart) {
     EXPECT_NE(refusalOf(folder.path()).find("found IM0000.dcm and IM0003.dcm at the same"), std::string::npos);
 }
 
+TEST(DicomMarks, NameThePlaceWhereAFrameLacksASlice) {
+    TemporaryFolder const folder;
+    writeDicomSlices(makePhantom(4, 3, 9), folder.path(), EXS_LittleEndianExplicit, [](DcmDataset& dataset, int z) {
+        setElement(dataset, DCM_ImageOrientationPatient, "1\\0\\0\\0\\1\\0");
+        setElement(dataset, DCM_ImagePositionPatient, "0\\0\\" + std::to_string(z % 3));
+        setElement(dataset, DCM_TemporalPositionIdentifier, std::to_string(z / 3));
+    });
+    fs::remove(folder / "IM0004.dcm");
+    EXPECT_NE(refusalOf(folder.path()).find("found 2 at that of IM0001.dcm and 3 at that of IM0002.dcm"),
+              std::string::npos)
+        << refusalOf(folder.path());
+}
+
 TEST(DicomMarks, TakesTwoMarksTogetherWhereOneIsNotEnough) {
     TemporaryFolder const folder;
     writeDicomSlices(makePhantom(4, 3, 8), folder.path(), EXS_LittleEndianExplicit, [](DcmDataset& dataset, int z) {
