@@ -41,6 +41,9 @@ fs::file_type typeOf(fs::directory_entry const& entry) {
     return entry.status(error).type();
 }
 
+// A slice that is a link to nothing, or to itself, is refused when it is opened; a pipe would never end.
+bool isLost(fs::file_type type) { return type == fs::file_type::not_found || type == fs::file_type::none; }
+
 void addTree(fs::path const& folder, std::set<fs::path>& entered, std::vector<fs::path>& files,
              Progress const& progress) {
     std::error_code error;
@@ -55,7 +58,7 @@ void addTree(fs::path const& folder, std::set<fs::path>& entered, std::vector<fs
         fs::file_type const type = typeOf(entry);
         if (type == fs::file_type::directory) {
             addTree(entry.path(), entered, files, progress);
-        } else if (type == fs::file_type::regular) {
+        } else if (type == fs::file_type::regular || type == fs::file_type::not_found) {
             files.push_back(entry.path());
         }
     }
@@ -87,11 +90,9 @@ SliceListing listFolder(fs::path const& folder) {
         fs::file_type const type = typeOf(entry);
         auto const format = isHidden(path) ? std::nullopt : pictureFormatOf(path);
         bool const isFile = type == fs::file_type::regular;
-        // A slice that is a link to nothing, or to itself, is refused when it is opened; a pipe would never end.
-        bool const isLost = type == fs::file_type::not_found || type == fs::file_type::none;
         if (type == fs::file_type::directory) {
             listing.folders.push_back(path);
-        } else if (format && (isFile || isLost)) {
+        } else if (format && (isFile || isLost(type))) {
             listing.pictures[*format].push_back(path);
         } else if (isFile && !isHidden(path) && isDicom(path)) {
             listing.dicomFiles.push_back(path);
