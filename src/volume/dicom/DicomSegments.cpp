@@ -14,8 +14,8 @@ namespace tamo::volume {
 namespace {
 
 std::string segmentOf(DicomFrame const& frame) {
-    auto const mark =
-        std::find_if(frame.marks.begin(), frame.marks.end(), [](auto const& other) { return other.first == "segment"; });
+    auto const mark = std::find_if(frame.marks.begin(), frame.marks.end(),
+                                   [](auto const& other) { return other.first == "segment"; });
     return mark == frame.marks.end() ? std::string() : mark->second;
 }
 
@@ -66,8 +66,8 @@ std::vector<Level> withoutGaps(std::vector<Level> const& levels) {
         double const steps = all.empty() ? 1 : (level.height - all.back().height) / step;
         // What is no whole number of steps is left for the refusal of uneven slices.
         constexpr double kTolerance = 0.05;
-        bool const isGap = steps > 1.5 && steps < static_cast<double>(kMostFrames) &&
-                           std::abs(steps - std::round(steps)) < kTolerance;
+        bool const isGap =
+            steps > 1.5 && steps < static_cast<double>(kMostFrames) && std::abs(steps - std::round(steps)) < kTolerance;
         double const missing = isGap ? std::round(steps) - 1 : 0;
         Level const below = all.empty() ? level : all.back();
         for (double k = 1; k <= missing && all.size() < kMostFrames; ++k) {

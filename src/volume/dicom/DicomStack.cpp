@@ -195,9 +195,8 @@ void checkNumbers(Series const& series, std::vector<StackSlice> const& slices) {
             throw Error(series.source.path, "expected slices with positions, or with numbers in equal steps, found "
                                             "no positions and the numbers " +
                                                 shownNumber(numberOf(wide - 1)) + " and " +
-                                                shownNumber(numberOf(wide)) + " of " +
-                                                series.nameOf(slices[wide - 1]) + " and " +
-                                                series.nameOf(slices[wide]) + ": a slice is missing");
+                                                shownNumber(numberOf(wide)) + " of " + series.nameOf(slices[wide - 1]) +
+                                                " and " + series.nameOf(slices[wide]) + ": a slice is missing");
         }
     }
 }

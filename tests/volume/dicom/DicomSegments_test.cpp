@@ -21,7 +21,8 @@ struct Shown {
 };
 
 // Writes a segmentation whose frame k has the pixels of slice k of a phantom.
-VolumeSource writeSegments(fs::path const& path, std::vector<Shown> const& frames, std::string const& modality = "SEG") {
+VolumeSource writeSegments(fs::path const& path, std::vector<Shown> const& frames,
+                           std::string const& modality = "SEG") {
     DcmDataset dataset;
     fillEnhanced(dataset, makePhantom(4, 3, static_cast<int>(frames.size())));
     setElement(dataset, DCM_Modality, modality);

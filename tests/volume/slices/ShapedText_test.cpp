@@ -36,15 +36,13 @@ TEST(ShapedText, HasNoSlicesWhereAllAxesAreNamedOtherwise) {
     EXPECT_EQ(text->pagesOf(0, 2), (Pages{2}));
 }
 
-TEST(ShapedText, MayHaveSamples) {
-    EXPECT_EQ(parseShapedText("{\"shape\": [4, 10, 12, 1]}", 12, 10)->count('Z'), 4);
-}
+TEST(ShapedText, MayHaveSamples) { EXPECT_EQ(parseShapedText("{\"shape\": [4, 10, 12, 1]}", 12, 10)->count('Z'), 4); }
 
 TEST(ShapedText, IsNoOtherText) {
-    for (char const* const text :
-         {"", "{}", "shape", "{\"shape\": [10, 12]}", "{\"shape\": [4, 10, 13]}", "{\"shape\": [4, 10, 12", "{\"shape\":",
-          "{\"shape\": []}", "{\"shape\": [-4, 10, 12]}", "{\"shape\": [0, 10, 12]}", "{\"shape\": [4,, 10, 12]}",
-          "{\"shape\": 4}", " \"shape\": [4, 10, 12]", "{\"shape\": [99999999999, 10, 12]}"}) {
+    for (char const* const text : {"", "{}", "shape", "{\"shape\": [10, 12]}", "{\"shape\": [4, 10, 13]}",
+                                   "{\"shape\": [4, 10, 12", "{\"shape\":", "{\"shape\": []}",
+                                   "{\"shape\": [-4, 10, 12]}", "{\"shape\": [0, 10, 12]}", "{\"shape\": [4,, 10, 12]}",
+                                   "{\"shape\": 4}", " \"shape\": [4, 10, 12]", "{\"shape\": [99999999999, 10, 12]}"}) {
         EXPECT_FALSE(parseShapedText(text, 12, 10)) << text;
     }
 }
