@@ -8,8 +8,8 @@
 
 namespace tamo::volume {
 
-/// Walks the elements of a dataset. Never reads past the end, nests no deeper than a fixed limit, and allocates no more
-/// than the file holds.
+/// Walks the elements of a dataset. Never reads past the end, nests no deeper and reads no more elements than fixed
+/// limits allow, and allocates no more than the file holds.
 class DicomParser {
   public:
     /// The path is named in errors. Both must outlive the parser.
@@ -34,18 +34,19 @@ class DicomParser {
     void read(std::uint64_t at, unsigned char* target, std::uint64_t bytes) const;
     [[nodiscard]] std::uint64_t number(std::uint64_t at, std::uint64_t bytes) const;
     [[nodiscard]] DicomTag tagAt(std::uint64_t at) const;
-    [[nodiscard]] Head readHead(std::uint64_t at, std::uint64_t end) const;
+    [[nodiscard]] Head readHead(std::uint64_t at, std::uint64_t end);
     std::uint64_t parseElement(Head const& head, std::uint64_t end, DicomDataset* target, int depth);
     std::uint64_t parseItem(std::uint64_t at, std::uint64_t end, DicomDataset* target, int depth);
     std::uint64_t parseSequence(Head const& head, std::uint64_t end, std::vector<DicomDataset>* items, int depth);
     [[nodiscard]] DicomValue readValue(Head const& head, std::string_view type) const;
-    void readPixels(Head const& head, PixelData& pixels) const;
-    void readFragments(std::uint64_t at, PixelData& pixels) const;
+    void readPixels(Head const& head, PixelData& pixels);
+    void readFragments(std::uint64_t at, PixelData& pixels);
 
     std::filesystem::path const& _path;
     DicomBytes& _bytes;
     bool _isImplicit;
     bool _isBigEndian;
+    std::uint64_t _elements = 0;
 };
 
 } // namespace tamo::volume
