@@ -50,7 +50,9 @@ std::size_t splitHistogram(std::vector<double> const& histogram) {
 
 double computeOtsuThreshold(Volume const& volume, ValueRange range, Progress const& progress) {
     constexpr std::size_t kBins = 256;
-    double const width = (range.max - range.min) / kBins;
+    // All in halves, which changes no digit: the range may be longer than the largest double.
+    double const first = range.min / 2;
+    double const width = (range.max / 2 - first) / kBins;
     if (!(width > 0)) {
         return range.max;
     }
@@ -64,14 +66,14 @@ double computeOtsuThreshold(Volume const& volume, ValueRange range, Progress con
                 std::for_each_n(row, rowVoxels, [&](auto stored) {
                     double const value = header.slope * static_cast<double>(stored) + header.intercept;
                     if (std::isfinite(value)) {
-                        auto const bin = static_cast<std::size_t>(std::max(0.0, (value - range.min) / width));
+                        auto const bin = static_cast<std::size_t>(std::max(0.0, (value / 2 - first) / width));
                         histogram[std::min(bin, kBins - 1)] += 1;
                     }
                 });
             },
             progress);
     });
-    return range.min + width * static_cast<double>(splitHistogram(histogram) + 1);
+    return 2 * (first + width * static_cast<double>(splitHistogram(histogram) + 1));
 }
 
 } // namespace tamo::volume
