@@ -42,7 +42,7 @@ TEST(DicomFile, HasAnyName) {
 TEST(DicomFile, SaysItsFormatAndSeries) {
     TemporaryFolder const folder;
     DcmDataset dataset;
-    fillEnhanced(dataset, makePhantom(4, 3, 3));
+    fillEnhanced(dataset, makePhantom(16, 16, 3));
     saveDicom(dataset, folder / "a.dcm", EXS_JPEGLSLossless);
     auto const header = readWhole(folder / "a.dcm").header;
     EXPECT_EQ(header.format, "DICOM, JPEG-LS lossless");

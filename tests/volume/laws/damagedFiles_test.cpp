@@ -62,7 +62,8 @@ TEST_P(DamagedFile, IsReadOrRefusedWhateverByteOfItsHeaderIsChanged) {
         GTEST_SKIP() << "not to be had of the library that reads " << GetParam().name;
     }
     TemporaryFolder const folder;
-    GetParam().write(makePhantom(7, 9, 3), folder.path());
+    // For slices below 16 x 16 the JPEG-LS encoder, with which the tests write, damages the heap.
+    GetParam().write(makePhantom(19, 17, 3), folder.path());
     fs::path const file = filesIn(folder.path()).front();
     std::string const whole = readFile(file);
     std::size_t const header = std::min<std::size_t>(whole.size(), 600);
