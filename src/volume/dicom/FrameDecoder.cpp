@@ -26,16 +26,22 @@ namespace tamo::volume {
 
 namespace {
 
-// The decoders stand in registries of the process. The library's own logger is silenced, and no other.
-void registerDecoders() {
-    static bool const kIsDone = [] {
+// The decoders stand in registries of the process as long as this does. The library's own logger is silenced, and no
+// other.
+class Decoders {
+  public:
+    Decoders() {
         OFLog::getLogger("dcmtk").setLogLevel(OFLogger::OFF_LOG_LEVEL);
         DJDecoderRegistration::registerCodecs();
         DJLSDecoderRegistration::registerCodecs();
-        return true;
-    }();
-    static_cast<void>(kIsDone);
-}
+    }
+    ~Decoders() {
+        DJLSDecoderRegistration::cleanup();
+        DJDecoderRegistration::cleanup();
+    }
+    Decoders(Decoders const&) = delete;
+    Decoders& operator=(Decoders const&) = delete;
+};
 
 std::vector<unsigned char> joined(std::vector<std::vector<unsigned char>> const& fragments) {
     std::vector<unsigned char> bytes;
@@ -147,7 +153,7 @@ void appendPiece(DcmPixelSequence& sequence, std::vector<unsigned char> const& b
 // Decodes through a dataset that holds nothing but this frame.
 std::vector<unsigned char> decodeByLibrary(CompressedFrame const& frame, std::vector<unsigned char> const& bytes,
                                            E_TransferSyntax syntax, int bitsAllocated, int bitsStored) {
-    registerDecoders();
+    static Decoders const kDecoders;
     DcmDataset dataset;
     describePicture(dataset, frame, bitsAllocated, bitsStored);
     auto sequence = std::make_unique<DcmPixelSequence>(DcmTag(DCM_PixelData, EVR_OB));
