@@ -16,8 +16,7 @@ namespace {
 constexpr std::size_t kMostListed = 20;
 
 std::string namesOf(std::vector<LabelName> const& labels) {
-    return labels.empty() ? "no named segments"
-                          : listed(labels.size(), kMostListed, [&labels](std::size_t i) { return labels[i].name; });
+    return listed(labels.size(), kMostListed, [&labels](std::size_t i) { return labels[i].name; });
 }
 
 // By the UID where the number does not tell it from the others.
@@ -69,6 +68,9 @@ std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> con
 }
 
 std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels) {
+    if (labels.empty()) {
+        throw Error(source.path, "expected a file of named segments with --segment, found none in it; leave it out");
+    }
     auto const segment = std::find_if(labels.begin(), labels.end(),
                                       [&source](LabelName const& label) { return label.name == source.segment; });
     if (segment == labels.end()) {

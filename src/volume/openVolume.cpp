@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <cerrno>
 #include <cmath>
 #include <fstream>
 #include <new>
@@ -79,8 +81,13 @@ std::unique_ptr<VolumeFile> openAny(VolumeSource const& source, Progress const& 
     if (fs::is_directory(source.path) && !source.raw) {
         return openSliceFolder(source, progress);
     }
-    if (!fs::is_regular_file(source.path) || !std::ifstream(source.path)) {
-        throw Error(source.path, "expected a file that can be read");
+    if (!fs::is_regular_file(source.path)) {
+        throw Error(source.path, "expected a file or folder, found neither (a pipe or a device); save its content to a "
+                                 "file");
+    }
+    errno = 0;
+    if (!std::ifstream(source.path)) {
+        throw Error(source.path, "expected a file that can be read: " + std::generic_category().message(errno));
     }
     return source.raw ? openRaw(source, progress) : findOpener(source.path)(source, progress);
 }

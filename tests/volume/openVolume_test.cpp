@@ -38,7 +38,7 @@ TEST_F(OpenVolume, NamesWhatDoesNotExistOrCannotBeAVolume) {
     for (char const* const ending : {".nii.gz", ".mha", ".nrrd", ".tif", ".vti", ".npy", ".mgz", ".dcm", "--dims"}) {
         EXPECT_TRUE(holds(refusal, ending)) << ending;
     }
-    EXPECT_TRUE(holds(refusalOf("/dev/null"), "expected"));
+    EXPECT_TRUE(holds(refusalOf("/dev/null"), "found neither (a pipe or a device)"));
 }
 
 TEST_F(OpenVolume, RefusesTextUnderAnyEndingInOneLine) {
@@ -84,7 +84,8 @@ TEST_F(OpenVolume, RefusesBareVoxelsOfAnotherNumber) {
 TEST_F(OpenVolume, RefusesChoicesThatTheFileDoesNotHave) {
     VolumeSource source = raw();
     source.segment = "liver";
-    EXPECT_TRUE(holds(refusalOf(source), "found no named segments"));
+    EXPECT_TRUE(
+        holds(refusalOf(source), "expected a file of named segments with --segment, found none in it; leave it out"));
     source = raw();
     source.series = "3";
     EXPECT_TRUE(holds(refusalOf(source), "--series"));

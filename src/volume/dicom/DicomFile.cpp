@@ -6,6 +6,7 @@
 #include "DicomDirectory.h"
 #include "DicomFolder.h"
 #include "DicomPixels.h"
+#include "DicomSegments.h"
 #include "DicomSeries.h"
 #include "DicomStack.h"
 
@@ -37,10 +38,15 @@ class DicomFile : public VolumeFile {
         for (std::int64_t z = box.first[2]; z <= box.last[2]; ++z) {
             StackSlice const& slice = _slices[static_cast<std::size_t>(z)];
             DicomImage const& image = _images[slice.image];
+            DicomFrame const& frame = image.frames[slice.frame];
             if (pixels == nullptr || &pixels->image() != &image) {
                 pixels = std::make_unique<DicomPixels>(image);
             }
-            pixels->read(image.frames[slice.frame], window, header().type, _isRescaled, target);
+            if (frame.index == DicomFrame::kEmpty) {
+                std::fill_n(target, sliceBytes, static_cast<unsigned char>(0));
+            } else {
+                pixels->read(frame, window, header().type, _isRescaled, target);
+            }
             target += sliceBytes;
             report(progress, static_cast<double>(z - box.first[2] + 1) / static_cast<double>(sides[2]));
         }
@@ -120,6 +126,13 @@ VolumeHeader describe(std::vector<DicomImage> const& images, DicomStack const& s
     header.frame = stack.frame;
     header.notes = stack.notes;
     addLabels(first, stack, header);
+    auto const empty = std::count_if(stack.slices.begin(), stack.slices.end(), [&images](StackSlice const& slice) {
+        return images[slice.image].frames[slice.frame].index == DicomFrame::kEmpty;
+    });
+    if (empty > 0) {
+        header.notes.push_back("the file holds no frame for " + std::to_string(empty) +
+                               " of the slices: the segment is empty there");
+    }
     addNotes(images, header.notes);
     if (!isSame) {
         header.notes.emplace_back("slices are rescaled each in its own way; values are the rescaled ones");
@@ -133,8 +146,9 @@ std::unique_ptr<VolumeFile> openImages(VolumeSource const& source, DicomFolder f
         throw Error(source.path, "expected DICOM slices, found no file with pixels");
     }
     ChosenSeries series = pickSeries(source, std::move(folder.images));
-    for (DicomImage const& image : series.images) {
+    for (DicomImage& image : series.images) {
         checkReadable(image);
+        addEmptyFrames(image);
     }
     DicomStack stack = stackSlices(source, series.images);
     bool const isSame = isUniform(series.images, stack.slices);

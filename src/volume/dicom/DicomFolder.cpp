@@ -10,8 +10,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <cerrno>
 #include <fstream>
 #include <set>
+#include <system_error>
 
 namespace tamo::volume {
 
@@ -111,8 +114,10 @@ DicomFolder readDicomFolder(fs::path const& folder, std::vector<fs::path> const&
     std::vector<fs::path> found;
     std::vector<fs::path> strays;
     for (fs::path const& file : files) {
-        if (!std::ifstream(file)) {
-            throw Error(file, "expected a file that can be read; its permissions forbid it");
+        errno = 0;
+        // A link to nothing is a stray, or the name of a slice that is lost.
+        if (!std::ifstream(file) && !(errno == ENOENT && fs::is_symlink(file))) {
+            throw Error(file, "expected a file that can be read: " + std::generic_category().message(errno));
         }
         (isDicom(file) ? found : strays).push_back(file);
     }

@@ -28,6 +28,9 @@ struct SlicePlace {
 
 /// One picture of a file.
 struct DicomFrame {
+    /// The index of a frame that no file holds: all its pixels are 0.
+    static constexpr std::int64_t kEmpty = -1;
+
     /// Counted within its file.
     std::int64_t index = 0;
     std::optional<SlicePlace> place;

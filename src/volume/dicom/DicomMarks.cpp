@@ -6,6 +6,7 @@
 #include "../bytes/parseNumber.h"
 #include "../chooseOne.h"
 #include "../listed.h"
+#include "../quoted.h"
 #include "DicomText.h"
 
 #include <algorithm>
@@ -93,6 +94,18 @@ std::optional<Key> findKey(MarkedSeries const& series, Places const& places) {
     return std::nullopt;
 }
 
+// Of what a choice is made from, as many are listed.
+constexpr std::size_t kMostListed = 20;
+
+// The end of a refusal: by which names segments can be chosen.
+std::string segmentNames(MarkedSeries const& series) {
+    auto const& segments = series.images.front().segments;
+    return segments.empty()
+               ? ""
+               : ", or with --segment: " + listed(segments.size(), kMostListed,
+                                                  [&segments](std::size_t i) { return quoted(segments[i].second); });
+}
+
 // The frame that the source names: by its number, or by the segment that it holds. -1 where it names none.
 std::int64_t wantedFrame(MarkedSeries const& series, std::vector<Marked> const& frames, bool areSegments) {
     if (series.source.frame || !areSegments || series.source.segment.empty()) {
@@ -107,6 +120,18 @@ std::int64_t wantedFrame(MarkedSeries const& series, std::vector<Marked> const& 
         }
     }
     return frameOfSegment(series.source, labels);
+}
+
+// Refuses several frames of which some lack a slice, or have one too many.
+void checkCounts(MarkedSeries const& series, Places const& places) {
+    auto const [least, most] = std::minmax_element(places.begin(), places.end(),
+                                                   [](auto const& a, auto const& b) { return a.size() < b.size(); });
+    if (least->size() > 1 && least->size() < most->size()) {
+        throw Error(series.source.path,
+                    "expected as many slices at each place, found " + std::to_string(least->size()) + " at that of " +
+                        series.nameOf(least->front()) + " and " + std::to_string(most->size()) + " at that of " +
+                        series.nameOf(most->front()) + ": of several frames one lacks a slice or has one too many");
+    }
 }
 
 [[noreturn]] void refuseDoubled(MarkedSeries const& series, std::vector<StackSlice> const& place) {
@@ -125,6 +150,7 @@ std::vector<StackSlice> chooseFrame(MarkedSeries const& series, Places const& pl
         }
         return chosen;
     }
+    checkCounts(series, places);
     std::size_t const count = doubled->size();
     bool const isEven =
         std::all_of(places.begin(), places.end(), [count](auto const& place) { return place.size() == count; });
@@ -136,13 +162,13 @@ std::vector<StackSlice> chooseFrame(MarkedSeries const& series, Places const& pl
     std::string const name = key->name + (key->second.empty() ? "" : " / " + key->second);
     bool const areSegments = key->name == "segment" && key->second.empty();
     std::int64_t const frame = wantedFrame(series, frames, areSegments);
-    constexpr std::size_t kMostListed = 20;
     if (frame < 0 || frame >= static_cast<std::int64_t>(count)) {
         throw Error(series.source.path, "expected one volume, found " + std::to_string(count) + " frames by " + name +
                                             " (" +
                                             listed(frames.size(), kMostListed,
                                                    [&frames](std::size_t i) { return shownText(frames[i].text, {}); }) +
-                                            "); choose one with --frame, 0 to " + std::to_string(count - 1));
+                                            "); choose one with --frame, 0 to " + std::to_string(count - 1) +
+                                            (areSegments ? segmentNames(series) : ""));
     }
     stack.frames = static_cast<std::int64_t>(count);
     stack.frame = frame;

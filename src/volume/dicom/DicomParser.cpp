@@ -99,7 +99,12 @@ DicomTag DicomParser::tagAt(std::uint64_t at) const {
     return static_cast<DicomTag>(number(at, 2) << 16U | number(at + 2, 2));
 }
 
-DicomParser::Head DicomParser::readHead(std::uint64_t at, std::uint64_t end) const {
+DicomParser::Head DicomParser::readHead(std::uint64_t at, std::uint64_t end) {
+    // 100 per frame for 40000 frames. A stream that expands to a thousand times its length could hold them for minutes.
+    constexpr std::uint64_t kMostElements = 1U << 22U;
+    if (++_elements > kMostElements) {
+        fail();
+    }
     Head head;
     head.tag = tagAt(at);
     std::array<unsigned char, 2> letters{};
@@ -237,7 +242,7 @@ DicomValue DicomParser::readValue(Head const& head, std::string_view type) const
     return value;
 }
 
-void DicomParser::readPixels(Head const& head, PixelData& pixels) const {
+void DicomParser::readPixels(Head const& head, PixelData& pixels) {
     pixels.kind = head.tag == dicom::kPixels        ? PixelData::Kind::Integer
                   : head.tag == dicom::kFloatPixels ? PixelData::Kind::Float
                                                     : PixelData::Kind::Double;
@@ -250,7 +255,7 @@ void DicomParser::readPixels(Head const& head, PixelData& pixels) const {
     }
 }
 
-void DicomParser::readFragments(std::uint64_t at, PixelData& pixels) const {
+void DicomParser::readFragments(std::uint64_t at, PixelData& pixels) {
     pixels.bytes = 0;
     for (bool isFirst = true; at < _bytes.size(); isFirst = false) {
         Head const item = readHead(at, _bytes.size());

@@ -8,8 +8,8 @@
 
 namespace tamo::volume {
 
-/// Walks the elements of a dataset, as DICOM PS3.5 encodes them. Never reads past the end, nests no deeper than a fixed
-/// limit, and allocates in proportion to what the file holds.
+/// Walks the elements of a dataset, as DICOM PS3.5 encodes them. Never reads past the end, nests no deeper and reads
+/// no more elements than fixed limits allow, and allocates in proportion to what the file holds.
 ///
 /// Our own, although DCMTK decodes the pixels: its parser recurses as deep as a file nests, so that 10 000 sequences
 /// one in another, a file of 160 kB, overflow the stack and end the program (DCMTK 3.6.7, found by trial).
@@ -42,18 +42,19 @@ class DicomParser {
     void read(std::uint64_t at, unsigned char* target, std::uint64_t bytes) const;
     [[nodiscard]] std::uint64_t number(std::uint64_t at, std::uint64_t bytes) const;
     [[nodiscard]] DicomTag tagAt(std::uint64_t at) const;
-    [[nodiscard]] Head readHead(std::uint64_t at, std::uint64_t end) const;
+    [[nodiscard]] Head readHead(std::uint64_t at, std::uint64_t end);
     std::uint64_t parseElement(Head const& head, std::uint64_t end, DicomDataset* target, int depth);
     std::uint64_t parseItem(std::uint64_t at, std::uint64_t end, DicomDataset* target, int depth);
     std::uint64_t parseSequence(Head const& head, std::uint64_t end, std::vector<DicomDataset>* items, int depth);
     [[nodiscard]] DicomValue readValue(Head const& head, std::string_view type) const;
-    void readPixels(Head const& head, PixelData& pixels) const;
-    void readFragments(std::uint64_t at, PixelData& pixels) const;
+    void readPixels(Head const& head, PixelData& pixels);
+    void readFragments(std::uint64_t at, PixelData& pixels);
 
     std::filesystem::path const& _path;
     DicomBytes& _bytes;
     bool _isImplicit;
     bool _isBigEndian;
+    std::uint64_t _elements = 0;
 };
 
 } // namespace tamo::volume

@@ -122,7 +122,8 @@ Vector3 commonStep(Series const& series, std::vector<StackSlice> const& slices) 
         }
     }
     std::vector<Vector3> sorted = steps;
-    auto const middle = sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / 2);
+    // Of two in the middle the smaller: the other one is a gap.
+    auto const middle = sorted.begin() + static_cast<std::ptrdiff_t>((sorted.size() - 1) / 2);
     std::nth_element(sorted.begin(), middle, sorted.end(),
                      [](Vector3 const& a, Vector3 const& b) { return dot(a, a) < dot(b, b); });
     Vector3 const usual = *middle;
@@ -179,6 +180,27 @@ void stackByPlace(Series const& series, DicomStack& stack) {
                  commonStep(series, stack.slices)});
 }
 
+// Refuses numbers that do not go in equal steps: where nothing states a place, only they show that a slice is missing.
+void checkNumbers(Series const& series, std::vector<StackSlice> const& slices) {
+    auto const numberOf = [&](std::size_t i) {
+        return static_cast<double>(series.imageOf(slices[i]).instance.value_or(0));
+    };
+    if (series.images.size() < slices.size()) {
+        return;
+    }
+    for (std::size_t i = 2; i < slices.size(); ++i) {
+        bool const isEarlier = numberOf(i) - numberOf(i - 1) < numberOf(i - 1) - numberOf(i - 2);
+        if (numberOf(i) - numberOf(i - 1) != numberOf(i - 1) - numberOf(i - 2)) {
+            std::size_t const wide = isEarlier ? i - 1 : i;
+            throw Error(series.source.path, "expected slices with positions, or with numbers in equal steps, found "
+                                            "no positions and the numbers " +
+                                                shownNumber(numberOf(wide - 1)) + " and " +
+                                                shownNumber(numberOf(wide)) + " of " + series.nameOf(slices[wide - 1]) +
+                                                " and " + series.nameOf(slices[wide]) + ": a slice is missing");
+        }
+    }
+}
+
 // The slices of files that state no place: in the order of their numbers, at distances that are assumed.
 void stackByNumber(Series const& series, DicomStack& stack) {
     stack.slices = allSlices(series.images);
@@ -195,6 +217,7 @@ void stackByNumber(Series const& series, DicomStack& stack) {
                                                 series.nameOf(stack.slices[i]));
         }
     }
+    checkNumbers(series, stack.slices);
     DicomImage const& image = series.imageOf(stack.slices.front());
     DicomFrame const& first = series.frameOf(stack.slices.front());
     double const distance = std::abs(image.sliceDistance.value_or(0));
@@ -215,17 +238,23 @@ void stackPlainFrames(Series const& series, DicomStack& stack) {
     DicomImage const& image = series.images.front();
     stack.slices = allSlices(series.images);
     DicomFrame const& first = image.frames.front();
-    double const distance = image.sliceDistance.value_or(0);
-    if (!first.place || !first.spacing || distance == 0) {
+    if (!first.place) {
         stackByNumber(series, stack);
         return;
     }
+    double const stated = image.sliceDistance.value_or(0);
+    double const distance = stated == 0 ? 1 : stated;
+    auto const spacing = first.spacing.value_or(std::array<double, 2>{1, 1});
     auto const& directions = first.place->directions;
     setGeometry(series, stack,
-                {scaled(directions[0], (*first.spacing)[0]), scaled(directions[1], (*first.spacing)[1]),
+                {scaled(directions[0], spacing[0]), scaled(directions[1], spacing[1]),
                  scaled(cross(directions[0], directions[1]), distance)});
     stack.notes.push_back("frames are taken to follow one another along the normal, " + shownNumber(distance) +
                           " mm apart, as the file states no place of each");
+    if (stated == 0) {
+        stack.geometry.isSpacingKnown = false;
+        stack.notes.emplace_back("no distance of slices is stated; 1 mm is assumed");
+    }
 }
 
 } // namespace

@@ -75,6 +75,19 @@ JpegStart readJpegStart(std::vector<unsigned char> const& bytes) {
     throw BadFrame("no start of a JPEG frame");
 }
 
+// Each scan of a progressive frame goes over the whole picture and may take a few bytes; encoders make about 10. What
+// is coded has no 0xFF before such a byte.
+void checkScans(std::vector<unsigned char> const& bytes) {
+    constexpr int kMostScans = 100;
+    int scans = 0;
+    for (std::size_t i = 1; i < bytes.size(); ++i) {
+        scans += bytes[i - 1] == 0xFF && bytes[i] == 0xDA ? 1 : 0;
+    }
+    if (scans > kMostScans) {
+        throw BadFrame("a JPEG frame of more than " + std::to_string(kMostScans) + " scans");
+    }
+}
+
 // The transfer syntax by which the library chooses a decoder: by what the frame is, since it decides which pixels come
 // out, and not by what its file calls it.
 E_TransferSyntax syntaxOf(JpegStart const& start) {
@@ -184,6 +197,7 @@ std::vector<unsigned char> decodeJpeg(CompressedFrame const& frame, std::vector<
     if (start.precision < 2 || start.precision > 16 || start.precision > frame.bitsAllocated) {
         throw BadFrame("a JPEG frame of " + std::to_string(start.precision) + " bits");
     }
+    checkScans(bytes);
     // Frames of few bits may stand in a file of pixels of 16.
     int const bits = start.precision > 8 ? 16 : 8;
     std::vector<unsigned char> decoded = decodeByLibrary(frame, bytes, syntaxOf(start), bits, start.precision);

@@ -90,6 +90,93 @@ std::size_t checkStart(std::vector<unsigned char> const& bytes, int columns, int
     return static_cast<std::size_t>(start - bytes.begin());
 }
 
+constexpr std::uint64_t kStartOfTilePart = 0xFF90;
+constexpr std::uint64_t kStartOfData = 0xFF93;
+constexpr std::uint64_t kCodingStyle = 0xFF52;
+constexpr std::uint64_t kCodingStyleOfComponent = 0xFF53;
+// The bytes of a tile part up to its own markers.
+constexpr std::size_t kTilePartHead = 12;
+
+// Walks through the headers of a codestream for what says how its tiles are divided into precincts. For each of them
+// the decoder allocates hundreds of bytes before it reads the data, in which each takes a byte at least.
+class PrecinctCheck {
+  public:
+    PrecinctCheck(std::vector<unsigned char> const& bytes, std::size_t start, int columns, int rows)
+        : _bytes(bytes), _width(static_cast<std::uint64_t>(columns)), _height(static_cast<std::uint64_t>(rows)) {
+        std::size_t const size = bytes.size();
+        std::size_t at = readHeaders(start + 2, size);
+        _width = std::min(_width, number(start + 24, 4));
+        _height = std::min(_height, number(start + 28, 4));
+        while (size - at >= kTilePartHead && number(at, 2) == kStartOfTilePart) {
+            // The last part may leave open where it ends.
+            std::uint64_t const length = number(at + 6, 4) == 0 ? size - at : number(at + 6, 4);
+            if (length < kTilePartHead || length > size - at) {
+                throw BadFrame("a damaged JPEG 2000 tile");
+            }
+            readHeaders(at + kTilePartHead, at + length);
+            at += length;
+        }
+    }
+
+  private:
+    // Returns 0 for what lies beyond the end.
+    [[nodiscard]] std::uint64_t number(std::size_t at, std::size_t count) const {
+        std::uint64_t value = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            value = value << 8U | (at + i < _bytes.size() ? _bytes[at + i] : 0U);
+        }
+        return value;
+    }
+
+    // Returns where the first marker stands that does not belong to the headers, or the end.
+    std::size_t readHeaders(std::size_t at, std::size_t end) const {
+        while (end - at >= 4) {
+            std::uint64_t const marker = number(at, 2);
+            std::uint64_t const length = number(at + 2, 2);
+            if (marker == kStartOfTilePart || marker == kStartOfData) {
+                return at;
+            }
+            // The decoder looks for markers within those that it does not know.
+            if (std::find(kKnown.begin(), kKnown.end(), marker) == kKnown.end() || length < 2) {
+                throw BadFrame("a damaged JPEG 2000 header");
+            }
+            if (marker == kCodingStyle && (number(at + 4, 1) & 1U) != 0) {
+                check(at + 14, number(at + 9, 1));
+            } else if (marker == kCodingStyleOfComponent && (number(at + 5, 1) & 1U) != 0) {
+                check(at + 11, number(at + 6, 1));
+            }
+            at = std::min<std::size_t>(end, at + 2 + length);
+        }
+        return end;
+    }
+
+    // Counts the whole precincts, whose sides are powers of 2 that stand from `at` on, one for each resolution.
+    void check(std::size_t at, std::uint64_t levels) const {
+        constexpr std::uint64_t kMostLevels = 32;
+        if (levels > kMostLevels) {
+            throw BadFrame("a damaged JPEG 2000 header");
+        }
+        std::uint64_t precincts = 0;
+        for (std::uint64_t level = 0; level <= levels; ++level) {
+            std::uint64_t const powers = number(at + level, 1);
+            std::uint64_t const halvings = levels - level;
+            precincts += (_width >> halvings >> (powers & 15U)) * (_height >> halvings >> (powers >> 4U));
+        }
+        if (precincts > _bytes.size()) {
+            throw BadFrame("more JPEG 2000 precincts than the frame has room for");
+        }
+    }
+
+    static constexpr std::array<std::uint64_t, 20> kKnown{0xFF50, 0xFF51, 0xFF52, 0xFF53, 0xFF55, 0xFF57, 0xFF58,
+                                                          0xFF59, 0xFF5C, 0xFF5D, 0xFF5E, 0xFF5F, 0xFF60, 0xFF61,
+                                                          0xFF63, 0xFF64, 0xFF74, 0xFF75, 0xFF77, 0xFF78};
+
+    std::vector<unsigned char> const& _bytes;
+    // Of the picture for its own header, then of a tile.
+    std::uint64_t _width;
+    std::uint64_t _height;
+};
+
 struct DestroyStream {
     void operator()(opj_stream_t* stream) const { opj_stream_destroy(stream); }
 };
@@ -130,6 +217,7 @@ std::unique_ptr<opj_codec_t, DestroyCodec> makeCodec() {
 
 std::vector<std::int32_t> decodeJpeg2000(std::vector<unsigned char> const& bytes, int columns, int rows) {
     std::size_t const start = checkStart(bytes, columns, rows);
+    static_cast<void>(PrecinctCheck(bytes, start, columns, rows));
     Input input{bytes.data() + start, bytes.size() - start, 0};
     auto const stream = makeStream(input);
     auto const codec = makeCodec();

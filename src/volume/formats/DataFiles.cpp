@@ -4,8 +4,10 @@
 
 #include "../Error.h"
 #include "../bytes/parseNumber.h"
+#include "../quoted.h"
 
 #include <algorithm>
+#include <map>
 #include <system_error>
 
 namespace tamo::volume {
@@ -93,10 +95,18 @@ std::vector<fs::path> filesOfPattern(FilePattern const& pattern, fs::path const&
 
 std::vector<fs::path> filesOfList(HeaderLines& lines, fs::path const& header) {
     std::vector<fs::path> paths;
+    // A file that is read, or expanded, from its start for each of thousands of slices would take minutes.
+    constexpr int kMostTimes = 100;
+    std::map<fs::path, int> times;
     while (auto const line = lines.next()) {
         std::string const name = trimmed(*line);
-        if (!name.empty()) {
-            paths.push_back(header.parent_path() / name);
+        if (name.empty()) {
+            continue;
+        }
+        paths.push_back(header.parent_path() / name);
+        if (++times[paths.back().lexically_normal()] > kMostTimes) {
+            throw Error(header, "expected a file for each slice, found " + quoted(name) + " more than " +
+                                    std::to_string(kMostTimes) + " times");
         }
     }
     return paths;

@@ -34,7 +34,8 @@ std::int64_t patternCount(std::int64_t first, std::int64_t last, std::int64_t st
 std::vector<std::filesystem::path> filesOfPattern(FilePattern const& pattern, std::filesystem::path const& header,
                                                   std::int64_t first, std::int64_t step, std::int64_t count);
 
-/// Returns the files in the folder of `header` that its other lines name, one per line.
+/// Returns the files in the folder of `header` that its other lines name, one per line. Throws `Error` for one that is
+/// named more than 100 times.
 std::vector<std::filesystem::path> filesOfList(HeaderLines& lines, std::filesystem::path const& header);
 
 /// Throws `Error` where a header names another number of files than it has to.

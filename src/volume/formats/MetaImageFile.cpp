@@ -9,6 +9,7 @@
 #include "headerGeometry.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tamo::volume {
 
@@ -79,6 +80,11 @@ void applyDirections(VolumeHeader& volume, HeaderText const& header, std::size_t
         header.refuse(name, "three directions, none in the plane of the others,");
     }
     // The lengths of the directions say nothing; those of the voxels are stated elsewhere.
+    constexpr double kRounded = 1e-3;
+    Vector3 const& lengths = volume.geometry.spacing;
+    if (std::any_of(lengths.begin(), lengths.end(), [](double length) { return std::abs(length - 1) > kRounded; })) {
+        volume.notes.push_back("the directions in " + name + " are not of length 1; their lengths were left out");
+    }
     volume.geometry.spacing = {1, 1, 1};
     volume.geometry.isSpacingKnown = false;
 }

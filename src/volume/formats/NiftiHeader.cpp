@@ -176,7 +176,7 @@ void setType(VolumeHeader& volume, nifti_2_header const& raw, fs::path const& pa
     if (found == kDatatypes.end()) {
         bool const isColour = code == DT_RGB24 || code == DT_RGBA32;
         throw Error(path, std::string("expected a volume of one scalar per voxel, found ") +
-                              (isColour ? "a colour image" : "voxels that are none") + ": datatype " +
+                              (isColour ? "a colour image" : "voxels of another kind") + ": datatype " +
                               std::to_string(code) + " (" + nifti_datatype_to_string(code) + ")");
     }
     volume.type = found->type;
@@ -203,7 +203,8 @@ double setUnit(VolumeHeader& volume, int units) {
                                : unit == NIFTI_UNITS_MICRON ? "um"
                                                             : "";
     if (unit > NIFTI_UNITS_MICRON) {
-        volume.notes.push_back("the unit of lengths " + std::to_string(unit) + " is none; millimetres are assumed");
+        volume.notes.push_back("the unit of lengths " + std::to_string(unit) +
+                               " is not known; millimetres are assumed");
     }
     return volume.geometry.fileUnit.empty() ? 1 : millimetresPer(volume.geometry.fileUnit);
 }

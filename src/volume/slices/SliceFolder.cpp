@@ -136,6 +136,9 @@ std::unique_ptr<VolumeFile> openBelow(VolumeSource const& source, SliceListing c
     auto file = openSliceFolder(below, progress);
     VolumeHeader header = file->header();
     header.notes.push_back("The slices are those of the folder " + folders.front().filename().string());
+    if (!listing.others.empty()) {
+        header.notes.push_back(noteOfOthers(listing.others));
+    }
     file->setHeader(std::move(header));
     return file;
 }

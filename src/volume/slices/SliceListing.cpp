@@ -42,6 +42,9 @@ fs::file_type typeOf(fs::directory_entry const& entry) {
     return entry.status(error).type();
 }
 
+// A slice that is a link to nothing, or to itself, is refused when it is opened; a pipe would never end.
+bool isLost(fs::file_type type) { return type == fs::file_type::not_found || type == fs::file_type::none; }
+
 void addTree(fs::path const& folder, std::set<fs::path>& entered, std::vector<fs::path>& files,
              Progress const& progress) {
     std::error_code error;
@@ -56,7 +59,7 @@ void addTree(fs::path const& folder, std::set<fs::path>& entered, std::vector<fs
         fs::file_type const type = typeOf(entry);
         if (type == fs::file_type::directory) {
             addTree(entry.path(), entered, files, progress);
-        } else if (type == fs::file_type::regular) {
+        } else if (type == fs::file_type::regular || type == fs::file_type::not_found) {
             files.push_back(entry.path());
         }
     }
@@ -71,6 +74,14 @@ bool isNamedPreview(fs::path const& path) {
 
 constexpr std::size_t kLeastSlices = 10;
 
+// Whether a folder holds one picture, which alone is no volume, beside DICOM slices or the folders where slices may be.
+// A TIFF file may hold a volume.
+bool isLonePicture(SliceListing const& listing) {
+    bool const isOne = listing.pictures.size() == 1 && listing.pictures.begin()->second.size() == 1 &&
+                       listing.pictures.begin()->first != PictureFormat::Tiff;
+    return isOne && (listing.dicomFiles.size() > 1 || (listing.dicomFiles.empty() && !listing.folders.empty()));
+}
+
 } // namespace
 
 SliceListing listFolder(fs::path const& folder) {
@@ -80,11 +91,9 @@ SliceListing listFolder(fs::path const& folder) {
         fs::file_type const type = typeOf(entry);
         auto const format = isHidden(path) ? std::nullopt : pictureFormatOf(path);
         bool const isFile = type == fs::file_type::regular;
-        // A slice that is a link to nothing, or to itself, is refused when it is opened; a pipe would never end.
-        bool const isLost = type == fs::file_type::not_found || type == fs::file_type::none;
         if (type == fs::file_type::directory) {
             listing.folders.push_back(path);
-        } else if (format && (isFile || isLost)) {
+        } else if (format && (isFile || isLost(type))) {
             listing.pictures[*format].push_back(path);
         } else if (isFile && !isHidden(path) && isDicom(path)) {
             listing.dicomFiles.push_back(path);
@@ -112,6 +121,10 @@ void setPreviewApart(SliceListing& listing) {
             listing.pictures.erase(format);
         }
     };
+    if (isLonePicture(listing)) {
+        setApart(listing.pictures.begin()->first, listing.pictures.begin()->second.begin());
+        return;
+    }
     std::size_t const formats = listing.pictures.size() + (listing.dicomFiles.empty() ? 0 : 1);
     std::size_t most = listing.dicomFiles.size();
     for (auto const& [format, paths] : listing.pictures) {

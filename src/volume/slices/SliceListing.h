@@ -24,8 +24,8 @@ struct SliceListing {
 /// Lists a folder without those below it. Throws `Error` where it may not be entered.
 SliceListing listFolder(std::filesystem::path const& folder);
 
-/// Lists all files in a folder and the folders below it, each folder once whatever links lead to it, in the order of
-/// their paths. Throws `Error` where one may not be entered, and `Cancelled`.
+/// Lists all files in a folder and the folders below it, links to nothing among them, each folder once whatever links
+/// lead to it, in the order of their paths. Throws `Error` where one may not be entered, and `Cancelled`.
 std::vector<std::filesystem::path> listTree(std::filesystem::path const& folder, Progress const& progress);
 
 /// Takes from the pictures one that is a preview of the others, as scanners leave it among at least 10 slices: one that

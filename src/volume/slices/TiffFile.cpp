@@ -6,6 +6,7 @@
 #include "../formats/VolumeFormats.h"
 #include "ImageJText.h"
 #include "OmeText.h"
+#include "ShapedText.h"
 #include "TiffPage.h"
 #include "TiffStack.h"
 
@@ -20,7 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 
 void addSpacing(VolumeHeader& header, std::array<std::optional<double>, 3> const& spacing, std::string const& unit) {
-    header.geometry.fileUnit = unit;
+    // "pixel" is a unit too, but none of length.
+    header.geometry.fileUnit = millimetresPer(unit) > 0 ? unit : "";
     if (spacing[0] && spacing[1] && spacing[2]) {
         header.geometry.spacing = {*spacing[0], *spacing[1], *spacing[2]};
         header.geometry.isSpacingKnown = true;
@@ -86,7 +88,7 @@ class PagelessTiff : public VolumeFile {
 struct Opening {
     VolumeSource const& source;
     TiffHandle& file;
-    TiffStack const& stack;
+    TiffStack stack;
     VolumeHeader header;
 };
 
@@ -151,13 +153,37 @@ std::unique_ptr<VolumeFile> openOme(Opening opening, std::vector<OmeImage> const
     for (std::int64_t const page : pagesOf(image, opening.header.channel, opening.header.frame, pageCount, path)) {
         chosen.push_back(opening.stack.directories[static_cast<std::size_t>(page)]);
     }
-    // The document may name pages that are reduced ones.
+    // The document may name pages that are reduced ones, and its images may be of several sizes.
     opening.file.select(chosen.front());
-    TiffPage const page = currentPage(opening.file);
-    if (!page.isLike(opening.stack.page) || page.width != image.width || page.height != image.height) {
-        throw Error(path, "expected slices of " + std::to_string(image.width) + " x " + std::to_string(image.height) +
-                              " pixels, as the OME description says, found pages of " + std::to_string(page.width) +
-                              " x " + std::to_string(page.height));
+    TiffPage const first = currentPage(opening.file);
+    for (std::uint64_t const directory : chosen) {
+        opening.file.select(directory);
+        TiffPage const page = currentPage(opening.file);
+        if (!page.isLike(first) || page.width != image.width || page.height != image.height) {
+            throw Error(path, "expected slices of " + std::to_string(image.width) + " x " +
+                                  std::to_string(image.height) +
+                                  " pixels of one type, as the OME description says, found a page of " +
+                                  std::to_string(page.width) + " x " + std::to_string(page.height));
+        }
+    }
+    opening.stack.page = first;
+    opening.header.type = first.type;
+    opening.header.size = {first.width, first.height, 1};
+    return openPages(std::move(opening), std::move(chosen));
+}
+
+std::unique_ptr<VolumeFile> openShaped(Opening opening, ShapedText const& text) {
+    std::vector<std::uint64_t> const pages = opening.stack.slicePages();
+    if (text.count() != static_cast<std::int64_t>(pages.size())) {
+        throw Error(opening.source.path, "expected " + std::to_string(text.count()) +
+                                             " pages, as the shape in its description says, found " +
+                                             std::to_string(pages.size()) +
+                                             "; the file is incomplete, or holds several volumes: save each alone");
+    }
+    chooseAxes(opening, text.count('C'), text.count('T'));
+    std::vector<std::uint64_t> chosen;
+    for (std::int64_t const page : text.pagesOf(opening.header.channel, opening.header.frame)) {
+        chosen.push_back(pages[static_cast<std::size_t>(page)]);
     }
     return openPages(std::move(opening), std::move(chosen));
 }
@@ -167,16 +193,17 @@ std::unique_ptr<VolumeFile> openOme(Opening opening, std::vector<OmeImage> const
 std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const& progress) {
     TiffHandle file(source.path);
     std::string const description = file.description();
-    TiffStack const stack = listPages(file, progress);
-    Opening opening{source, file, stack, {}};
+    auto const ome = parseOmeText(description, source.path);
+    Opening opening{source, file, listPages(file, progress, /*mayDiffer=*/ome.has_value()), {}};
+    TiffStack const& stack = opening.stack;
     VolumeHeader& header = opening.header;
     header.format = "TIFF stack";
     header.type = stack.page.type;
     header.size = {stack.page.width, stack.page.height, 1};
-    if (stack.page.isZeroWhite) {
-        header.notes.push_back(noteOf(stack.page));
+    if (std::string note = noteOf(stack.page); !note.empty()) {
+        header.notes.push_back(std::move(note));
     }
-    if (auto const ome = parseOmeText(description, source.path)) {
+    if (ome) {
         return openOme(std::move(opening), *ome);
     }
     std::size_t const reduced = stack.directories.size() - stack.slicePages().size();
@@ -185,6 +212,9 @@ std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const&
     }
     if (auto const text = parseImageJText(description, source.path)) {
         return openImageJ(std::move(opening), *text);
+    }
+    if (auto const text = parseShapedText(description, stack.page.width, stack.page.height)) {
+        return openShaped(std::move(opening), *text);
     }
     return openPages(std::move(opening), stack.slicePages());
 }

@@ -78,7 +78,12 @@ TiffPage currentPage(TiffHandle const& file) {
     if (file.tagOrDefault<std::uint16_t>(TIFFTAG_SAMPLESPERPIXEL) != 1 || photometric == PHOTOMETRIC_PALETTE) {
         throwColour(file.path());
     }
+    if (std::uint32_t const depth = file.tag<std::uint32_t>(TIFFTAG_IMAGEDEPTH).value_or(1); depth > 1) {
+        throw Error(file.path(), "expected pages of one slice, found pages of " + std::to_string(depth) +
+                                     " slices; save each slice as a page of its own");
+    }
     page.isZeroWhite = photometric == PHOTOMETRIC_MINISWHITE;
+    page.isTurned = file.tagOrDefault<std::uint16_t>(TIFFTAG_ORIENTATION) > ORIENTATION_TOPLEFT;
     page.type = typeOf(page.bits, file.tagOrDefault<std::uint16_t>(TIFFTAG_SAMPLEFORMAT), file.path());
     page.width = file.tagOrDefault<std::uint32_t>(TIFFTAG_IMAGEWIDTH);
     page.height = file.tagOrDefault<std::uint32_t>(TIFFTAG_IMAGELENGTH);
@@ -90,11 +95,15 @@ TiffPage currentPage(TiffHandle const& file) {
 }
 
 std::string noteOf(TiffPage const& page) {
-    if (!page.isZeroWhite) {
-        return {};
+    std::string note =
+        page.isTurned
+            ? "the file asks to show its slices turned or mirrored; their rows and columns are left as they are"
+            : "";
+    if (page.isZeroWhite) {
+        note += std::string(note.empty() ? "" : "; ") + "0 is white in the file; its values are " +
+                (page.isInverted() ? "inverted, so that brighter is higher" : "left as they are");
     }
-    return page.isInverted() ? "0 is white in the file; its values are inverted, so that brighter is higher"
-                             : "0 is white in the file; its values are left as they are";
+    return note;
 }
 
 void checkUnpacked(TiffHandle const& file, std::uint64_t& unpacked) {

@@ -26,6 +26,9 @@ struct TiffPage {
     /// Whether a pixel of 0 is white (MINISWHITE). Unsigned numbers of up to 16 bits are read as their largest value
     /// minus the stored one, so that brighter is higher as in all other files; others are read as they stand.
     bool isZeroWhite = false;
+    /// Whether a tag asks to show the page turned or mirrored. Voxels stand as in the file all the same, as other
+    /// programs for volumes have them.
+    bool isTurned = false;
 
     /// Returns whether reading inverts the page.
     [[nodiscard]] bool isInverted() const {
@@ -45,7 +48,7 @@ bool isReducedPage(TiffHandle const& file);
 /// no type, or more of them than the file's bytes can expand to.
 TiffPage currentPage(TiffHandle const& file);
 
-/// Returns a note of a page whose 0 is white; empty for others.
+/// Returns a note of a page whose 0 is white, or that is to be shown turned; empty for others.
 std::string noteOf(TiffPage const& page);
 
 /// Adds to `unpacked` the bytes that reading the current page makes; throws `Error` where the sum is more than the file

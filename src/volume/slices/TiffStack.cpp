@@ -20,7 +20,7 @@ std::vector<std::uint64_t> TiffStack::slicePages() const {
     return pages;
 }
 
-TiffStack listPages(TiffHandle& file, Progress const& progress) {
+TiffStack listPages(TiffHandle& file, Progress const& progress, bool mayDiffer) {
     TiffStack stack;
     std::uint64_t unpacked = 0;
     bool hasSlice = false;
@@ -30,7 +30,7 @@ TiffStack listPages(TiffHandle& file, Progress const& progress) {
         if (!stack.isReduced.back()) {
             TiffPage const page = currentPage(file);
             checkUnpacked(file, unpacked);
-            if (hasSlice && !page.isLike(stack.page)) {
+            if (hasSlice && !mayDiffer && !page.isLike(stack.page)) {
                 throw Error(file.path(), "expected pages of one size and type, page " +
                                              std::to_string(stack.directories.size()) + " differs from the first");
             }

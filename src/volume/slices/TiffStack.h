@@ -15,7 +15,7 @@ namespace tamo::volume {
 
 /// The pages of a file.
 struct TiffStack {
-    /// The first page that may be a slice; all that may be are like it.
+    /// The first page that may be a slice; all that may be are like it unless they may differ.
     TiffPage page;
     /// Where the directories of all pages begin.
     std::vector<std::uint64_t> directories;
@@ -27,8 +27,9 @@ struct TiffStack {
 };
 
 /// Goes through the pages of a file, which stands at its first. Throws `Error` where two pages that may be slices
-/// differ, where there is none, or where together they are more than the file can hold.
-TiffStack listPages(TiffHandle& file, Progress const& progress);
+/// differ, unless the file describes images of several sizes, where there is none, or where together they are more than
+/// the file can hold.
+TiffStack listPages(TiffHandle& file, Progress const& progress, bool mayDiffer = false);
 
 /// Images that stand one behind another, without pages of their own.
 struct TiffRun {

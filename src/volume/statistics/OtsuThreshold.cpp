@@ -50,8 +50,9 @@ std::size_t splitHistogram(std::vector<double> const& histogram) {
 
 double computeOtsuThreshold(Volume const& volume, ValueRange range, Progress const& progress) {
     constexpr std::size_t kBins = 256;
-    // Each end by itself: the difference of two large numbers may be none.
-    double const width = range.max / kBins - range.min / kBins;
+    // All in halves, which changes no digit: the range may be longer than the largest double.
+    double const first = range.min / 2;
+    double const width = (range.max / 2 - first) / kBins;
     if (!(width > 0)) {
         return range.max;
     }
@@ -66,14 +67,14 @@ double computeOtsuThreshold(Volume const& volume, ValueRange range, Progress con
                     double const value = header.slope * static_cast<double>(stored) + header.intercept;
                     if (std::isfinite(value)) {
                         // Clamped before it is cut to a whole number, which not every double has.
-                        double const bin = std::clamp((value - range.min) / width, 0.0, kBins - 1.0);
+                        double const bin = std::clamp((value / 2 - first) / width, 0.0, kBins - 1.0);
                         histogram[static_cast<std::size_t>(bin)] += 1;
                     }
                 });
             },
             progress);
     });
-    return range.min + width * static_cast<double>(splitHistogram(histogram) + 1);
+    return 2 * (first + width * static_cast<double>(splitHistogram(histogram) + 1));
 }
 
 } // namespace tamo::volume

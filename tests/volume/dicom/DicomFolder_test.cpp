@@ -56,6 +56,15 @@ TEST(DicomFolder, RefusesFilesThatSeemToHaveBeenSlices) {
     }
 }
 
+TEST(DicomFolder, RefusesALinkToASliceThatIsLost) {
+    TemporaryFolder const folder;
+    writeBareNames(folder.path());
+    fs::create_symlink("nothing", folder / "latest");
+    EXPECT_NE(readWhole(folder.path()).header.notes.at(0).find("latest"), std::string::npos);
+    fs::create_symlink("nothing", folder / "IM0004");
+    EXPECT_NE(refusalOf(folder.path()).find("IM0004: expected a DICOM slice"), std::string::npos);
+}
+
 TEST(DicomFolder, RefusesTheStartOfASlice) {
     TemporaryFolder const folder;
     writeBareNames(folder.path());
@@ -78,7 +87,7 @@ TEST(DicomFolder, NamesAFileThatCannotBeRead) {
         FAIL();
     } catch (tamo::volume::Error const& error) {
         EXPECT_EQ(error.path(), folder / "gone");
-        EXPECT_NE(error.reason().find("permissions"), std::string::npos);
+        EXPECT_NE(error.reason().find("expected a file that can be read: No such file"), std::string::npos);
     }
 }
 

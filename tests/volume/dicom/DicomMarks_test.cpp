@@ -56,6 +56,19 @@ TEST(DicomMarks, RefusesDoubledSlicesThatNothingTellsApart) {
     EXPECT_NE(refusalOf(folder.path()).find("found IM0000.dcm and IM0003.dcm at the same"), std::string::npos);
 }
 
+TEST(DicomMarks, NameThePlaceWhereAFrameLacksASlice) {
+    TemporaryFolder const folder;
+    writeDicomSlices(makePhantom(4, 3, 9), folder.path(), EXS_LittleEndianExplicit, [](DcmDataset& dataset, int z) {
+        setElement(dataset, DCM_ImageOrientationPatient, "1\\0\\0\\0\\1\\0");
+        setElement(dataset, DCM_ImagePositionPatient, "0\\0\\" + std::to_string(z % 3));
+        setElement(dataset, DCM_TemporalPositionIdentifier, std::to_string(z / 3));
+    });
+    fs::remove(folder / "IM0004.dcm");
+    EXPECT_NE(refusalOf(folder.path()).find("found 2 at that of IM0001.dcm and 3 at that of IM0002.dcm"),
+              std::string::npos)
+        << refusalOf(folder.path());
+}
+
 TEST(DicomMarks, TakesTwoMarksTogetherWhereOneIsNotEnough) {
     TemporaryFolder const folder;
     writeDicomSlices(makePhantom(4, 3, 8), folder.path(), EXS_LittleEndianExplicit, [](DcmDataset& dataset, int z) {
@@ -97,7 +110,10 @@ TEST(DicomMarks, ChooseASegmentByItsName) {
     addSegment(dataset, "2", "kidney");
     saveDicom(dataset, folder / "seg.dcm", EXS_LittleEndianExplicit);
     VolumeSource source = sourceOf(folder / "seg.dcm");
-    EXPECT_NE(refusalOf(source).find("2 frames by segment (1, 2)"), std::string::npos);
+    EXPECT_NE(refusalOf(source).find("2 frames by segment (1, 2); choose one with --frame, 0 to 1, or with --segment: "
+                                     "\"liver\", \"kidney\""),
+              std::string::npos)
+        << refusalOf(source);
     source.segment = "kidney";
     EXPECT_EQ(valueAt(readWhole(source), 0, 0, 0), makePhantom(4, 3, 4).at(0, 0, 0));
     source.segment = "liver";

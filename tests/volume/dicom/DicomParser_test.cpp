@@ -94,6 +94,31 @@ TEST(DicomParser, RefusesNestingWithoutEnd) {
     EXPECT_FALSE(parsed(unwanted).has_value());
 }
 
+// Empty values of one element, again and again: as many as a small stream expands to.
+class Flood : public tamo::volume::DicomBytes {
+  public:
+    [[nodiscard]] std::uint64_t size() const override { return std::uint64_t{1} << 40U; }
+    [[nodiscard]] bool read(std::uint64_t at, unsigned char* target, std::uint64_t bytes) override {
+        ++reads;
+        for (std::uint64_t i = 0; i < bytes; ++i) {
+            target[i] = static_cast<unsigned char>("\x08\0\x60\0CS\0\0"[(at + i) % 8]);
+        }
+        return reads < 100'000'000;
+    }
+
+    int reads = 0;
+};
+
+TEST(DicomParser, RefusesElementsWithoutEnd) {
+    Flood flood;
+    std::filesystem::path const path = "a";
+    tamo::volume::DicomParser parser(path, flood, {});
+    tamo::volume::DicomDataset dataset;
+    tamo::volume::PixelData pixels;
+    EXPECT_THROW(parser.parseDataset(0, dataset, pixels), tamo::volume::Error);
+    EXPECT_LT(flood.reads, 50'000'000);
+}
+
 TEST(DicomParser, PassesOverSequencesOfUnknownTypeWrittenWithoutTypes) {
     // Within an element of type UN and unknown length, elements state no types.
     std::string const content = tag(0x20, 0x32) + numberBytes(std::uint32_t{6}) + "1\\2\\3 ";

@@ -112,6 +112,36 @@ TEST(DicomStack, OrdersSlicesWithoutPlacesByNumber) {
     EXPECT_NE(volume.header.notes[0].find("no slice states where it lies"), std::string::npos);
 }
 
+TEST(DicomStack, RefusesNumbersWithAGapWhereNothingStatesAPlace) {
+    TemporaryFolder const folder;
+    writeDicomSlices(makePhantom(4, 3, 4), folder.path(), EXS_LittleEndianExplicit, [](DcmDataset& dataset, int z) {
+        delete dataset.remove(DCM_ImagePositionPatient);
+        delete dataset.remove(DCM_ImageOrientationPatient);
+        setElement(dataset, DCM_InstanceNumber, std::to_string(z < 2 ? z : z + 1));
+    });
+    EXPECT_NE(refusalOf(folder.path()).find("numbers 1 and 3 of IM0001.dcm and IM0002.dcm: a slice is missing"),
+              std::string::npos)
+        << refusalOf(folder.path());
+}
+
+TEST(DicomStack, KeepsThePlaceOfPlainFramesOfUnknownDistance) {
+    TemporaryFolder const folder;
+    DcmDataset dataset;
+    fillEnhanced(dataset, makePhantom(4, 3, 3));
+    delete dataset.remove(DCM_SharedFunctionalGroupsSequence);
+    delete dataset.remove(DCM_PerFrameFunctionalGroupsSequence);
+    setElement(dataset, DCM_ImagePositionPatient, "1\\2\\3");
+    setElement(dataset, DCM_ImageOrientationPatient, "0\\1\\0\\0\\0\\-1");
+    setElement(dataset, DCM_PixelSpacing, "2\\2");
+    saveDicom(dataset, folder / "plain.dcm", EXS_LittleEndianExplicit);
+    auto const geometry = readWhole(folder / "plain.dcm").header.geometry;
+    EXPECT_TRUE(geometry.areAxesKnown);
+    EXPECT_FALSE(geometry.isSpacingKnown);
+    EXPECT_EQ(geometry.origin, (tamo::Vector3{1, 2, 3}));
+    EXPECT_EQ(geometry.axes[0], (tamo::Vector3{0, 1, 0}));
+    EXPECT_EQ(geometry.spacing, (tamo::Vector3{2, 2, 1}));
+}
+
 TEST(DicomStack, RefusesSlicesOfWhichSomeLackTheirPlace) {
     TemporaryFolder const folder;
     writeDicomSlices(makePhantom(4, 3, 3), folder.path(), EXS_LittleEndianExplicit, [](DcmDataset& dataset, int z) {

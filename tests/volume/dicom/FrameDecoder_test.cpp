@@ -106,13 +106,32 @@ TEST(FrameDecoder, PrintsNothingOfDamage) {
         CompressedFrame frame = baselineFrame(8);
         frame.fragments.front()[at] ^= 0xFFU;
         try {
-            static_cast<void>(decodeFrame(frame));
+            static_cast<void>(tamo::volume::decodeFrame(frame));
         } catch (BadFrame const&) {
             // As likely as not.
         }
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+// Each goes over the whole picture, and may be a few bytes.
+TEST(FrameDecoder, RefusesJpegOfMoreScansThanEncodersMake) {
+    std::vector<unsigned char> bytes = baselineJpeg();
+    std::vector<unsigned char> const scan{0xFF, 0xDA, 0, 8, 1, 1, 0, 1, 63, 0, 0};
+    auto const reason = [&bytes] {
+        try {
+            static_cast<void>(tamo::volume::decodeFrame({FrameEncoding::Jpeg, {bytes}, 16, 8, 8}));
+        } catch (BadFrame const& error) {
+            return std::string(error.what());
+        }
+        return std::string();
+    };
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_EQ(reason().find("scans"), std::string::npos) << i;
+        bytes.insert(bytes.end() - 2, scan.begin(), scan.end());
+    }
+    EXPECT_NE(reason().find("scans"), std::string::npos);
 }
 
 } // namespace

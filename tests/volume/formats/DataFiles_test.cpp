@@ -80,6 +80,23 @@ TEST(FilesOfList, AreTheOtherLinesOfTheHeader) {
     EXPECT_NO_THROW(tamo::volume::requireCount(folder / "h", 3, 3));
 }
 
+TEST(FilesOfList, AreNotOneFileForAll) {
+    TemporaryFolder const folder;
+    for (int const times : {99, 100}) {
+        std::string text = "b.raw\n./b/..//a.raw\n";
+        for (int i = 0; i < times; ++i) {
+            text += "a.raw\n";
+        }
+        writeFile(folder / "h", text);
+        tamo::volume::HeaderLines lines(folder / "h");
+        if (times == 100) {
+            EXPECT_THROW(static_cast<void>(filesOfList(lines, folder / "h")), Error);
+        } else {
+            EXPECT_EQ(filesOfList(lines, folder / "h").size(), 101U);
+        }
+    }
+}
+
 TEST(FilesOfList, AreFilesAndNoFolders) {
     TemporaryFolder const folder;
     EXPECT_THROW(tamo::volume::requireFile(folder.path(), "h"), Error);

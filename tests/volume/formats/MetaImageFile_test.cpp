@@ -61,6 +61,13 @@ TEST_F(MetaImageFile, GivesTheDirectionOfEachAxisInARow) {
     }
 }
 
+TEST_F(MetaImageFile, NotesDirectionsThatAreNotOfLengthOne) {
+    EXPECT_TRUE(headerWith("TransformMatrix = 1 0 0 0 1 0 0.6 0 0.8\n").notes.empty());
+    auto const longer = headerWith("TransformMatrix = 2 0 0 0 2 0 0 0 2\n");
+    EXPECT_EQ(longer.geometry.spacing, (tamo::Vector3{1, 1, 1}));
+    EXPECT_NE(longer.notes.at(0).find("not of length 1"), std::string::npos);
+}
+
 TEST_F(MetaImageFile, KeepsShearedAxesAndRefusesFlatOnes) {
     GridGeometry const geometry = headerWith("TransformMatrix = 1 0 0 0 1 0 0.6 0 0.8\n").geometry;
     EXPECT_NEAR(geometry.axes[2][0], 0.6, 1e-12);

@@ -112,6 +112,20 @@ TEST(Preview, StandsBesideDicomFiles) {
     EXPECT_TRUE(listing.pictures.empty());
 }
 
+TEST(Preview, StandsAloneBesideFewDicomFilesOrAboveFolders) {
+    SliceListing listing = listingOf(0, {"p.jpg"});
+    listing.dicomFiles = Paths(2, "a.dcm");
+    setPreviewApart(listing);
+    EXPECT_EQ(listing.others, Paths{"p.jpg"});
+    listing = listingOf(0, {"p.jpg"});
+    listing.folders = {"slices"};
+    setPreviewApart(listing);
+    EXPECT_EQ(listing.others, Paths{"p.jpg"});
+    listing = listingOf(0, {"p.jpg"});
+    setPreviewApart(listing);
+    EXPECT_TRUE(listing.others.empty());
+}
+
 TEST(Preview, IsNoneBesideFewSlicesOrOtherPreviews) {
     for (SliceListing listing : {listingOf(9, {"p.jpg"}), listingOf(20, {"p.jpg", "q.jpg"}), listingOf(11, {})}) {
         setPreviewApart(listing);

@@ -87,6 +87,23 @@ TEST_F(TiffPages, OfNumbersOfNoTypeAreRefused) {
     }
 }
 
+TEST_F(TiffPages, OfSeveralSlicesAreRefused) {
+    TiffOptions options;
+    options.depth = 3;
+    write(makePicture(8, 8), options);
+    EXPECT_NE(refusal().find("expected pages of one slice, found pages of 3"), std::string::npos) << refusal();
+}
+
+TEST_F(TiffPages, ThatAreToBeShownMirroredStayAsTheyAreWithANote) {
+    TiffOptions options;
+    options.orientation = ORIENTATION_BOTLEFT;
+    write(makePicture(8, 8), options);
+    EXPECT_EQ(pixelsOf(_path), makePicture(8, 8).bytes);
+    EXPECT_NE(tamo::volume::openTiffPicture(_path)->note().find("turned or mirrored"), std::string::npos);
+    write(makePicture(8, 8), {});
+    EXPECT_EQ(tamo::volume::openTiffPicture(_path)->note(), "");
+}
+
 TEST_F(TiffPages, OfAPaletteAreInColour) {
     TiffOptions options;
     options.photometric = PHOTOMETRIC_PALETTE;

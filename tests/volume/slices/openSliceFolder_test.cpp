@@ -61,7 +61,7 @@ TEST_F(SliceFolder, LeavesOutStrayFilesWithANote) {
     writeFile(_folder / "scan.log", "x");
     Volume const volume = readWhole(_folder.path());
     EXPECT_EQ(volume.size()[2], 3);
-    EXPECT_EQ(volume.header.notes, std::vector<std::string>{"Thumbs.db, scan.log are no slices and were left out"});
+    EXPECT_EQ(volume.header.notes, std::vector<std::string>{"scan.log, Thumbs.db are no slices and were left out"});
 }
 
 TEST_F(SliceFolder, LeavesOutASinglePreviewWithANote) {

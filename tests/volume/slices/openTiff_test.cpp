@@ -155,6 +155,44 @@ TEST_F(TiffFile, ListsTheImagesOfOmeAsSeries) {
     EXPECT_EQ(readWhole(right).header.series.size(), 2U);
 }
 
+TEST_F(TiffFile, ReadsImagesOfSeveralSizesOfOme) {
+    {
+        TiffWriter writer(_path, "w");
+        TiffOptions options;
+        options.description = document("<TiffData IFD='0' PlaneCount='6'/>", "5",
+                                       "<Image ID='J'><Pixels DimensionOrder='XYZCT' SizeX='3' SizeY='2' SizeZ='2' "
+                                       "SizeC='1' SizeT='1'><TiffData IFD='6' PlaneCount='2'/></Pixels></Image>");
+        for (int page = 0; page < 8; ++page, options.description.clear()) {
+            bool const isSmall = page > 5;
+            writer.addPage({isSmall ? 3 : 5, isSmall ? 2 : 4, 8, 1,
+                            std::vector<unsigned char>(isSmall ? 6 : 20, static_cast<unsigned char>(page))},
+                           options);
+        }
+    }
+    VolumeSource small = source();
+    small.series = "1";
+    Volume const volume = readWhole(small);
+    EXPECT_EQ(volume.size(), (Size3{3, 2, 2}));
+    EXPECT_EQ(valueAt(volume, 2, 1, 1), 7);
+    VolumeSource large = source(1);
+    large.series = "0";
+    EXPECT_EQ(slicesOf(large), (Pages{1, 3, 5}));
+}
+
+TEST_F(TiffFile, TakesFramesOfAShapeApart) {
+    writePages(6, "{\"shape\": [2, 3, 4, 5]}");
+    EXPECT_TRUE(isRefusedWith(source(), "found 2 frames"));
+    EXPECT_EQ(slicesOf(source({}, 1)), (Pages{3, 4, 5}));
+    writePages(6, "{\"shape\": [3, 2, 4, 5], \"axes\": \"ZCYX\"}");
+    EXPECT_EQ(slicesOf(source(1)), (Pages{1, 3, 5}));
+    writePages(6, "{\"shape\": [6, 4, 5]}");
+    EXPECT_EQ(slicesOf(source()), (Pages{0, 1, 2, 3, 4, 5}));
+    writePages(6, "{\"shape\": [4, 5]}");
+    EXPECT_EQ(slicesOf(source()), (Pages{0, 1, 2, 3, 4, 5}));
+    writePages(6, "{\"shape\": [3, 4, 5]}");
+    EXPECT_TRUE(isRefusedWith(source(), "expected 3 pages, as the shape in its description says, found 6"));
+}
+
 TEST_F(TiffFile, DoesNotTrustResolutionsWithoutADescription) {
     writePages(3, "a page for the printer", PHOTOMETRIC_MINISBLACK, 300);
     auto const header = readWhole(source()).header;

@@ -31,6 +31,16 @@ TEST(OtsuThreshold, IsThatOfScaledValues) {
     EXPECT_LT(threshold, 26);
 }
 
+TEST(OtsuThreshold, DividesARangeThatIsLongerThanTheLargestNumber) {
+    double const most = std::numeric_limits<double>::max();
+    auto const volume = makeVolume<double>({8, 1, 1}, [most](auto x, auto, auto) {
+        return x == 7 ? most : x < 3 ? -most : -0.75 * most;
+    });
+    double const threshold = computeOtsuThreshold(volume, {-most, most}, {});
+    EXPECT_GT(threshold, -0.3 * most);
+    EXPECT_LT(threshold, 0.5 * most);
+}
+
 TEST(OtsuThreshold, OfASingleValueIsThatValue) {
     auto const volume = makeVolume<std::uint8_t>({2, 2, 2}, [](auto, auto, auto) { return std::uint8_t{9}; });
     EXPECT_EQ(computeOtsuThreshold(volume, {9, 9}, {}), 9);

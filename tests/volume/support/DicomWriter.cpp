@@ -154,7 +154,8 @@ void setFrames(DcmDataset& dataset, E_TransferSyntax syntax, std::vector<std::ve
     check(dataset.insert(pixels.release(), /*replaceOld=*/true));
 }
 
-std::vector<unsigned char> encodeJpeg2000(std::vector<std::int16_t> const& values, int columns, int rows, float ratio) {
+std::vector<unsigned char> encodeJpeg2000(std::vector<std::int16_t> const& values, int columns, int rows, float ratio,
+                                          int precinctSide) {
     opj_image_cmptparm_t shape{};
     shape.dx = shape.dy = 1;
     shape.w = static_cast<OPJ_UINT32>(columns);
@@ -173,6 +174,12 @@ std::vector<unsigned char> encodeJpeg2000(std::vector<std::int16_t> const& value
     parameters.tcp_rates[0] = ratio;
     parameters.irreversible = ratio > 1 ? 1 : 0;
     parameters.numresolution = 3;
+    if (precinctSide > 0) {
+        // Bit 0 says that there are such.
+        parameters.csty |= 1;
+        parameters.res_spec = 1;
+        parameters.prcw_init[0] = parameters.prch_init[0] = precinctSide;
+    }
     std::unique_ptr<opj_codec_t, decltype(&opj_destroy_codec)> const codec(opj_create_compress(OPJ_CODEC_J2K),
                                                                            opj_destroy_codec);
     std::unique_ptr<opj_stream_t, decltype(&opj_stream_destroy)> const stream(opj_stream_default_create(OPJ_FALSE),

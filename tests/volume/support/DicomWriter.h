@@ -32,8 +32,10 @@ void writeDicomSlices(Phantom const& phantom, std::filesystem::path const& folde
 void setFrames(DcmDataset& dataset, E_TransferSyntax syntax, std::vector<std::vector<unsigned char>> const& frames,
                std::size_t bytesPerPiece = 1U << 20U);
 
-/// Makes a JPEG 2000 codestream of a picture of 16-bit numbers; without loss for a ratio of 1.
-std::vector<unsigned char> encodeJpeg2000(std::vector<std::int16_t> const& values, int columns, int rows, float ratio);
+/// Makes a JPEG 2000 codestream of a picture of 16-bit numbers; without loss for a ratio of 1; with one precinct per
+/// resolution, or with those of a side.
+std::vector<unsigned char> encodeJpeg2000(std::vector<std::int16_t> const& values, int columns, int rows, float ratio,
+                                          int precinctSide = 0);
 
 /// Makes an enhanced multi-frame file of a phantom, in which each frame states its place.
 void fillEnhanced(DcmDataset& dataset, Phantom const& phantom);

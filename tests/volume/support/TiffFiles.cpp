@@ -50,6 +50,10 @@ void TiffWriter::addPage(TestPicture const& picture, TiffOptions const& options)
     TIFFSetField(file, TIFFTAG_COMPRESSION, options.compression);
     TIFFSetField(file, TIFFTAG_FILLORDER, options.fillOrder);
     TIFFSetField(file, TIFFTAG_SUBFILETYPE, options.subfileType);
+    TIFFSetField(file, TIFFTAG_ORIENTATION, options.orientation);
+    if (options.depth > 0) {
+        TIFFSetField(file, TIFFTAG_IMAGEDEPTH, options.depth);
+    }
     if (!options.description.empty()) {
         TIFFSetField(file, TIFFTAG_IMAGEDESCRIPTION, options.description.c_str());
     }

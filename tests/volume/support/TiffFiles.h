@@ -24,6 +24,9 @@ struct TiffOptions {
     float resolutionY = 0;
     std::uint16_t resolutionUnit = RESUNIT_NONE;
     std::uint32_t subfileType = 0;
+    std::uint16_t orientation = ORIENTATION_TOPLEFT;
+    /// Slices per page; no tag for 0.
+    std::uint32_t depth = 0;
     std::string description;
 };
 
