@@ -40,9 +40,8 @@ struct GridGeometry {
 /// Turns a vector from RAS into LPS, or back.
 inline Vector3 flippedToLps(Vector3 const& vector) { return {-vector[0], -vector[1], vector[2]}; }
 
-/// Returns how many millimetres a unit of length is, by any of its usual names ("mm", "micron", "um", "\u00b5m", "m",
-/// "inch",
-/// ...) in any case, or 0 for a name that is none.
+/// Returns how many millimetres a unit of length is, by any of its usual names ("mm", "micron", "um", "inch", ...) in
+/// any case and with any of the signs for micro, or 0 for a name that is none.
 double millimetresPer(std::string const& unit);
 
 } // namespace tamo::volume

@@ -7,7 +7,9 @@
 
 namespace tamo::volume {
 
-/// Is told how far a reading has come, in [0, 1], about once per slice; returns whether to go on. It may be empty.
+/// Is told how far a reading has come, in [0, 1], every few slices or more often; returns whether to go on. It may be
+/// empty. Called on the thread that reads. What it throws comes out of the function that reads, as `Cancelled` does:
+/// nothing is left open or allocated.
 using Progress = std::function<bool(double)>;
 
 /// Reports that a `Progress` did not want to go on.

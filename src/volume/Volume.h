@@ -14,7 +14,9 @@ namespace tamo::volume {
 
 /// Holds the voxels of a box of a file, as the file stores them but in the machine's byte order.
 ///
-/// Copies share the voxels, which live as long as any of them.
+/// Copies share the voxels, which live as long as any of them and which nobody writes any more: threads may share them,
+/// and another language may keep them, as an array with these increments that owns a copy of `memory`. Values are
+/// slope * voxel + intercept, as the header says.
 struct Volume {
     /// Describes the whole file; its size is not that of the box.
     VolumeHeader header;
@@ -22,9 +24,10 @@ struct Volume {
     Box box;
     /// The box's first voxel.
     unsigned char const* voxels = nullptr;
-    /// Distances in bytes between neighbours along x, y and z.
+    /// Distances in bytes between neighbours along x, y and z. Without gaps as files give them; a volume made of other
+    /// memory may have any, of either sign.
     std::array<std::ptrdiff_t, 3> increments{};
-    /// Keeps the voxels, however they were allocated.
+    /// Keeps the voxels, however they were allocated; empty where they outlive the volume in any case.
     std::shared_ptr<void const> memory;
 
     /// Returns the sides of the box.

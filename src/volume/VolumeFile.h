@@ -25,8 +25,9 @@ class VolumeFile {
     [[nodiscard]] VolumeHeader const& header() const { return _header; }
 
     /// Reads the voxels of a box that lies inside the volume, from the file as far as its encoding allows no more than
-    /// those. May be called again. Throws `Error` where the file does not hold them, where it is damaged or where they
-    /// do not fit into memory, and `Cancelled`.
+    /// those. May be called again, and by several threads at once. Throws `Error` where the file does not hold them,
+    /// where it is damaged, was changed since it was opened, or where they do not fit into memory, and `Cancelled`;
+    /// `std::logic_error` for a box outside of the volume.
     [[nodiscard]] Volume read(Box const& box, Progress const& progress) const;
 
     /// Gives the header what the caller of `openVolume` knows better than the file.
@@ -36,8 +37,8 @@ class VolumeFile {
     VolumeFile(std::filesystem::path path, VolumeHeader header) : _path(std::move(path)), _header(std::move(header)) {}
 
   private:
-    /// Writes the voxels of a box to `target`, x fastest, then y, then z, without gaps, in the machine's byte order.
-    /// Throws `Error` where it cannot: nothing that the file does not hold may be made up.
+    /// Writes the voxels of a box that lies inside to `target`, x fastest, then y, then z, without gaps, in the
+    /// machine's byte order. Throws `Error` where it cannot: nothing that the file does not hold may be made up.
     virtual void readVoxels(Box const& box, unsigned char* target, Progress const& progress) const = 0;
 
     std::filesystem::path _path;

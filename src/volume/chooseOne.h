@@ -22,8 +22,8 @@ std::int64_t chooseOne(std::filesystem::path const& path, std::string const& nam
 /// and where several have the number.
 std::size_t chooseSeries(VolumeSource const& source, std::vector<SeriesInfo> const& series);
 
-/// Returns the frame in which the segment stands that the source names. Throws `Error`, listing the names, where none of
-/// the labels has its name.
+/// Returns the frame in which the segment stands that the source names. Throws `Error`, listing the names, where none
+/// of the labels has its name.
 std::int64_t frameOfSegment(VolumeSource const& source, std::vector<LabelName> const& labels);
 
 } // namespace tamo::volume

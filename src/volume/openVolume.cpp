@@ -141,6 +141,12 @@ void applySource(VolumeHeader& header, VolumeSource const& source) {
                         "expected a positive voxel spacing, found " + std::to_string(spacing) + "; give --spacing");
         }
     }
+    for (double const coordinate : geometry.origin) {
+        if (!std::isfinite(coordinate)) {
+            throw Error(source.path, "expected a finite origin, found " + std::to_string(coordinate) +
+                                         " in the header; the file is damaged");
+        }
+    }
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include "GzipBytes.h"
 #include "HexBytes.h"
 
+#include <array>
+
 namespace tamo::volume {
 
 std::unique_ptr<ByteSource> openBytes(std::filesystem::path const& path, std::uint64_t start, Packing packing) {
@@ -21,6 +23,13 @@ std::unique_ptr<ByteSource> openBytes(std::filesystem::path const& path, std::ui
         return std::make_unique<HexBytes>(path, start);
     }
     return std::make_unique<FileBytes>(path, start);
+}
+
+Packing packingOf(std::filesystem::path const& path) {
+    // The magic of RFC 1952.
+    std::array<unsigned char, 2> first{};
+    bool const isGzip = FileBytes(path, 0).read(first.data(), first.size()) && first[0] == 0x1F && first[1] == 0x8B;
+    return isGzip ? Packing::Gzip : Packing::None;
 }
 
 std::uint64_t mostUnpackedBytes(Packing packing, std::uint64_t packed) {

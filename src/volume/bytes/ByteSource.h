@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace tamo::volume {
 
@@ -22,6 +24,20 @@ class ByteSource {
     [[nodiscard]] virtual bool skip(std::uint64_t bytes) = 0;
     /// Reads on to the end of what is packed and to its check sum; returns whether they are as they should be.
     [[nodiscard]] virtual bool finish() = 0;
+
+    /// Has `beat` called again and again while packed bytes that nobody wants are unpacked, by `skip` and `finish`,
+    /// which may take minutes. It may throw in order to cancel.
+    void setPulse(std::function<void()> beat) { _beat = std::move(beat); }
+
+  protected:
+    void pulse() const {
+        if (_beat) {
+            _beat();
+        }
+    }
+
+  private:
+    std::function<void()> _beat;
 };
 
 /// How bytes are packed.
@@ -37,6 +53,9 @@ enum class Packing {
 
 /// Opens the bytes of a file from byte `start` of the file on. A file that cannot be read has no bytes.
 std::unique_ptr<ByteSource> openBytes(std::filesystem::path const& path, std::uint64_t start, Packing packing);
+
+/// Returns how a file is packed by its first bytes, whatever its name: `None` or `Gzip`.
+Packing packingOf(std::filesystem::path const& path);
 
 /// Returns how many bytes `packed` bytes may hold at most: what a header claims beyond that needs no memory.
 std::uint64_t mostUnpackedBytes(Packing packing, std::uint64_t packed);

@@ -39,6 +39,7 @@ bool PackedBytes::read(unsigned char* target, std::uint64_t bytes) {
 bool PackedBytes::skip(std::uint64_t bytes) {
     while (bytes > 0) {
         if (_first == _last) {
+            pulse();
             fillOutput();
             if (_first == _last) {
                 return false;
@@ -53,6 +54,7 @@ bool PackedBytes::skip(std::uint64_t bytes) {
 
 bool PackedBytes::finish() {
     do {
+        pulse();
         fillOutput();
     } while (_first != _last);
     return isComplete();

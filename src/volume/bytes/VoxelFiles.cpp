@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <fstream>
 #include <string>
 
 namespace tamo::volume {
@@ -45,6 +46,9 @@ std::int64_t allSlices(VoxelFiles const& files) {
 
 // Returns where the file goes on behind a number of lines: at its end where it has fewer.
 std::uint64_t skipLines(fs::path const& path, std::uint64_t start, std::int64_t lines) {
+    if (lines == 0) {
+        return start;
+    }
     std::vector<unsigned char> buffer(1 << 16);
     FileBytes source(path, start);
     while (lines > 0) {
@@ -79,6 +83,10 @@ void checkFile(OneFile const& file) {
     if (!fs::is_regular_file(file.path, error)) {
         throw Error(file.path, "expected a file of voxels, found no such file");
     }
+    if (!std::ifstream(file.path)) {
+        throw Error(file.path,
+                    "expected a file that can be read, found one that cannot; its permissions may forbid it");
+    }
     std::uint64_t const found = fs::file_size(file.path);
     std::uint64_t const start = startOf(file);
     std::uint64_t const left = found > start ? found - start : 0;
@@ -101,12 +109,19 @@ void checkFile(OneFile const& file) {
 void readBytes(OneFile const& file, Box const& box, unsigned char* target, Progress const& progress) {
     VoxelFiles const& files = file.files;
     auto source = openBytes(file.path, startOf(file), files.packing);
+    // Tells the last fraction again while nothing is read that anyone wants.
+    double told = 0;
+    source->setPulse([&] { report(progress, told); });
+    Progress const remembered = [&](double fraction) {
+        told = fraction;
+        return !progress || progress(fraction);
+    };
     bool isGood = source->skip(packedSkip(files));
     if (files.isInterleaved) {
         source = std::make_unique<InterleavedBytes>(std::move(source), bytesOf(files.rows.type), files.frames,
                                                     static_cast<std::uint64_t>(files.frame));
     }
-    isGood = isGood && readBox(*source, file.rows(), box, target, progress);
+    isGood = isGood && readBox(*source, file.rows(), box, target, remembered);
     if (!isGood) {
         throwIncomplete(file.path, std::to_string(file.bytes()) + " bytes of voxels");
     }
@@ -143,10 +158,23 @@ void readText(OneFile const& file, Box const& boxOfVoxels, unsigned char* target
 } // namespace
 
 void VoxelFiles::check() const {
+    constexpr std::int64_t kMostVoxels = INT64_MAX / 8;
+    if (!isCountable(rows.size) || (voxelCount(rows.size) > 0 && frames > kMostVoxels / voxelCount(rows.size))) {
+        throw Error(paths.front(), "expected less than 2^60 voxels, found " + std::to_string(frames) + " frames of " +
+                                       text(rows.size, " x "));
+    }
     std::int64_t const slices = allSlices(*this) / static_cast<std::int64_t>(paths.size());
     for (fs::path const& path : paths) {
         checkFile({*this, path, slices});
     }
+}
+
+std::uint64_t VoxelFiles::bytesBehind() const {
+    if (isText || areLast || packing != Packing::None) {
+        return 0;
+    }
+    OneFile const last{*this, paths.back(), allSlices(*this) / static_cast<std::int64_t>(paths.size())};
+    return fs::file_size(last.path) - startOf(last) - last.bytes();
 }
 
 void VoxelFiles::read(Box const& box, unsigned char* target, Progress const& progress) const {

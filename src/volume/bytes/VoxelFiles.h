@@ -14,11 +14,11 @@
 namespace tamo::volume {
 
 /// Says where the voxels of one or more volumes of the same size, called frames, stand: in a file, or in several, each
-/// of which holds the same number of slices.
+/// of which holds the same number of slices. All formats but those of pictures and of DICOM are read through it.
 struct VoxelFiles {
     /// In the order of their slices; never empty.
     std::vector<std::filesystem::path> paths;
-    /// The type, the byte order and the size of one frame. The numbers of all frames together can be counted.
+    /// The type, the byte order and the size of one frame.
     VoxelRows rows;
     std::int64_t frames = 1;
     /// Which frame is read.
@@ -36,9 +36,12 @@ struct VoxelFiles {
     /// Whether instead, in each of the files, the voxels are the last bytes. Not for what is packed or text.
     bool areLast = false;
 
-    /// Checks that the files are there and large enough for their voxels, as far as that shows without unpacking them.
-    /// Throws `Error`, which names the file.
+    /// Checks that the voxels of all frames can be counted, and that the files are there and large enough for them, as
+    /// far as that shows without unpacking. Throws `Error`, which names the file.
     void check() const;
+    /// Returns how many bytes follow the voxels in the last file, which `check` has found large enough: 0 for what is
+    /// packed or text, whose size does not say it.
+    [[nodiscard]] std::uint64_t bytesBehind() const;
     /// Writes the voxels of a box to `target`, and reads from no file that has none of them. Throws `Error`, which
     /// names the file that is damaged or incomplete, and `Cancelled`.
     void read(Box const& box, unsigned char* target, Progress const& progress) const;

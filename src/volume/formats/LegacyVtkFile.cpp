@@ -14,41 +14,27 @@ namespace tamo::volume {
 
 namespace {
 
-// Structured points whose voxels are decimal numbers.
-class VtkTextFile : public VolumeFile {
+// Structured points whose bytes are written as shares of 255, in decimal.
+class VtkSharesFile : public VolumeFile {
   public:
-    VtkTextFile(std::filesystem::path const& path, LegacyVtkHeader const& header)
-        : VolumeFile(path, header.volume), _start(header.start), _areShares(header.areShares) {}
+    VtkSharesFile(std::filesystem::path const& path, LegacyVtkHeader const& header)
+        : VolumeFile(path, header.volume), _start(header.start) {}
 
   private:
     void readVoxels(Box const& box, unsigned char* target, Progress const& progress) const override {
-        if (!(_areShares ? readShares(box, target, progress) : readNumbers(header().type, box, target, progress))) {
-            throw Error(path(), "expected a number of the voxels' type for each; the file is damaged or truncated");
-        }
-    }
-
-    [[nodiscard]] bool readNumbers(ScalarType type, Box const& box, unsigned char* target,
-                                   Progress const& progress) const {
-        return readTextBox(path(), _start, {header().size, type}, box, target, progress);
-    }
-
-    // Reads bytes that are written as shares of 255.
-    [[nodiscard]] bool readShares(Box const& box, unsigned char* target, Progress const& progress) const {
         std::vector<float> shares(static_cast<std::size_t>(voxelCount(box.sides())));
-        if (!readNumbers(ScalarType::Float32, box, reinterpret_cast<unsigned char*>(shares.data()), progress)) {
-            return false;
+        bool isGood = readTextBox(path(), _start, {header().size, ScalarType::Float32}, box,
+                                  reinterpret_cast<unsigned char*>(shares.data()), progress);
+        for (std::size_t i = 0; i < shares.size() && isGood; ++i) {
+            isGood = shares[i] >= 0 && shares[i] <= 1;
+            target[i] = static_cast<unsigned char>(isGood ? std::lround(shares[i] * 255) : 0);
         }
-        for (float const share : shares) {
-            if (!(share >= 0 && share <= 1)) {
-                return false;
-            }
-            *target++ = static_cast<unsigned char>(std::lround(share * 255));
+        if (!isGood) {
+            throw Error(path(), "expected a number from 0 to 1 for each voxel; the file is damaged or truncated");
         }
-        return true;
     }
 
     std::uint64_t _start;
-    bool _areShares;
 };
 
 } // namespace
@@ -56,14 +42,15 @@ class VtkTextFile : public VolumeFile {
 std::unique_ptr<VolumeFile> openLegacyVtk(VolumeSource const& source, Progress const& progress) {
     LegacyVtkHeader header = readLegacyVtkHeader(source.path, progress);
     header.volume.frame = chooseOne(source.path, "frame", 1, source.frame);
-    if (header.isText) {
-        return std::make_unique<VtkTextFile>(source.path, header);
+    if (header.areShares) {
+        return std::make_unique<VtkSharesFile>(source.path, header);
     }
-    StoredVoxels voxels;
-    voxels.path = source.path;
+    VoxelFiles voxels;
+    voxels.paths = {source.path};
     voxels.start = header.start;
-    voxels.rows = {header.volume.size, header.volume.type, /*isBigEndian=*/true};
-    return std::make_unique<StoredFile>(source.path, std::move(header.volume), std::move(voxels));
+    voxels.isText = header.isText;
+    voxels.rows.isBigEndian = true;
+    return openVoxelFiles(source, std::move(header.volume), std::move(voxels));
 }
 
 } // namespace tamo::volume

@@ -4,8 +4,9 @@
 #include "../chooseOne.h"
 #include "DataFiles.h"
 #include "HeaderText.h"
-#include "TextHeaderFile.h"
+#include "StoredFile.h"
 #include "VolumeFormats.h"
+#include "headerGeometry.h"
 
 #include <algorithm>
 #include <cmath>

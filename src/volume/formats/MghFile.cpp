@@ -140,8 +140,8 @@ void setDefaultGeometry(VolumeHeader& header) {
 } // namespace
 
 std::unique_ptr<VolumeFile> openMgh(VolumeSource const& source, Progress const&) {
-    StoredVoxels voxels;
-    voxels.path = source.path;
+    VoxelFiles voxels;
+    voxels.paths = {source.path};
     voxels.packing = packingOf(source.path);
     std::array<unsigned char, kHeaderBytes> bytes{};
     Fields const fields = readFields(source.path, voxels.packing, bytes);
@@ -155,13 +155,13 @@ std::unique_ptr<VolumeFile> openMgh(VolumeSource const& source, Progress const&)
             std::string(isStated ? "the geometry spans no space" : "the header states no geometry") +
             "; coronal slices of 1 mm about the origin are assumed, as the format asks");
     }
-    voxels.start = kHeaderBytes;
+    // Behind the voxels stand the scanner's parameters, which say nothing of the volume.
+    voxels.skipped = kHeaderBytes;
     voxels.rows = {header.size, header.type, /*isBigEndian=*/true};
     voxels.frames = header.frames;
-    // Behind the voxels stand the scanner's parameters, which say nothing of the volume.
-    static_cast<void>(bytesBehind(voxels));
+    voxels.check();
     header.frame = chooseOne(source.path, "frame", header.frames, source.frame);
-    return std::make_unique<StoredFile>(source.path, std::move(header), std::move(voxels));
+    return openVoxelFiles(source, std::move(header), std::move(voxels));
 }
 
 } // namespace tamo::volume

@@ -50,17 +50,18 @@ std::unique_ptr<VolumeFile> openNifti(VolumeSource const& source, Progress const
         throw Error(source.path, "expected voxels behind the header, found the header of a pair, " +
                                      header.volume.format + "; name it .hdr, beside its .img");
     }
-    StoredVoxels voxels;
-    voxels.path = header.isSingleFile ? headerPath : kind == ".img" ? source.path : partnerOf(source.path, ".img");
-    voxels.packing = packingOf(voxels.path);
-    voxels.start = header.voxelStart;
+    VoxelFiles voxels;
+    voxels.paths = {header.isSingleFile ? headerPath : kind == ".img" ? source.path : partnerOf(source.path, ".img")};
+    voxels.packing = packingOf(voxels.paths[0]);
+    voxels.skipped = header.voxelStart;
     voxels.rows = {header.volume.size, header.volume.type, header.isBigEndian};
     voxels.frames = header.volume.frames;
-    if (std::uint64_t const behind = bytesBehind(voxels); behind > 0) {
+    voxels.check();
+    if (std::uint64_t const behind = voxels.bytesBehind(); behind > 0) {
         header.volume.notes.push_back(std::to_string(behind) + " bytes behind the voxels were left out");
     }
     header.volume.frame = chooseOne(source.path, "frame", header.volume.frames, source.frame);
-    return std::make_unique<StoredFile>(source.path, std::move(header.volume), std::move(voxels));
+    return openVoxelFiles(source, std::move(header.volume), std::move(voxels));
 }
 
 } // namespace tamo::volume

@@ -53,7 +53,7 @@ void widenHalves(unsigned char* target, std::uint64_t count) {
 
 class NpyFile : public VolumeFile {
   public:
-    NpyFile(fs::path const& path, VolumeHeader header, StoredVoxels voxels, bool isFortranOrder, bool isHalf)
+    NpyFile(fs::path const& path, VolumeHeader header, VoxelFiles voxels, bool isFortranOrder, bool isHalf)
         : VolumeFile(path, std::move(header)), _voxels(std::move(voxels)), _isFortranOrder(isFortranOrder),
           _isHalf(isHalf) {}
 
@@ -61,19 +61,14 @@ class NpyFile : public VolumeFile {
     void readVoxels(Box const& box, unsigned char* target, Progress const& progress) const override {
         auto const count = static_cast<std::uint64_t>(voxelCount(box.sides()));
         unsigned char* const stored = _isHalf ? target + 2 * count : target;
-        if (!(_isFortranOrder ? readReversed(box, stored, progress) : readRows(box, stored, progress))) {
+        if (!_isFortranOrder) {
+            _voxels.read(box, stored, progress);
+        } else if (!readReversed(box, stored, progress)) {
             throw Error(path(), "expected all voxels of the box; the file cannot be read to its end");
         }
         if (_isHalf) {
             widenHalves(target, count);
         }
-    }
-
-    [[nodiscard]] bool readRows(Box const& box, unsigned char* target, Progress const& progress) const {
-        std::uint64_t const frameBytes = static_cast<std::uint64_t>(voxelCount(_voxels.rows.size)) *
-                                         static_cast<std::uint64_t>(bytesOf(_voxels.rows.type));
-        std::uint64_t const start = _voxels.start + static_cast<std::uint64_t>(header().frame) * frameBytes;
-        return readBox(*openBytes(path(), start, Packing::None), _voxels.rows, box, target, progress);
     }
 
     // Reads voxels whose frame is fastest, then z, then y, then x: rows of frames and z, slices of constant x.
@@ -117,7 +112,7 @@ class NpyFile : public VolumeFile {
         }
     }
 
-    StoredVoxels _voxels;
+    VoxelFiles _voxels;
     bool _isFortranOrder;
     bool _isHalf;
 };
@@ -150,7 +145,7 @@ void setShape(VolumeHeader& header, std::vector<std::int64_t> const& shape, fs::
 
 std::unique_ptr<VolumeFile> openNpy(VolumeSource const& source, Progress const&) {
     NpyHeader const npy = readNpyHeader(source.path);
-    StoredVoxels voxels;
+    VoxelFiles voxels;
     std::string_view const name = withoutOrder(npy.descr, voxels.rows.isBigEndian);
     auto const* const dtype =
         std::find_if(kDtypes.begin(), kDtypes.end(), [name](Dtype const& candidate) { return candidate.name == name; });
@@ -163,16 +158,18 @@ std::unique_ptr<VolumeFile> openNpy(VolumeSource const& source, Progress const&)
     header.format = "NumPy";
     header.type = isHalf ? ScalarType::Float32 : dtype->type;
     setShape(header, npy.shape, source.path);
-    voxels.path = source.path;
+    voxels.paths = {source.path};
     voxels.start = npy.start;
     voxels.rows.size = header.size;
     voxels.rows.type = dtype->type;
     voxels.frames = header.frames;
-    if (std::uint64_t const behind = bytesBehind(voxels); behind > 0) {
+    voxels.check();
+    if (std::uint64_t const behind = voxels.bytesBehind(); behind > 0) {
         throw Error(source.path, "expected an array that ends with the file, found " + std::to_string(behind) +
                                      " more bytes; the file is damaged");
     }
     header.frame = chooseOne(source.path, "frame", header.frames, source.frame);
+    voxels.frame = header.frame;
     return std::make_unique<NpyFile>(source.path, std::move(header), std::move(voxels), npy.isFortranOrder, isHalf);
 }
 

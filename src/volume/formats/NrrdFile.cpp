@@ -5,8 +5,9 @@
 #include "DataFiles.h"
 #include "NrrdGeometry.h"
 #include "NrrdHeader.h"
-#include "TextHeaderFile.h"
+#include "StoredFile.h"
 #include "VolumeFormats.h"
+#include "headerGeometry.h"
 
 #include <algorithm>
 #include <optional>

@@ -3,7 +3,7 @@
 #include "NrrdGeometry.h"
 
 #include "../bytes/parseNumber.h"
-#include "TextHeaderFile.h"
+#include "headerGeometry.h"
 
 #include <cmath>
 #include <set>

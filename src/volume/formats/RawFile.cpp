@@ -1,30 +1,10 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
 #include "../Error.h"
-#include "../bytes/VoxelRows.h"
+#include "StoredFile.h"
 #include "VolumeFormats.h"
 
 namespace tamo::volume {
-
-namespace {
-
-class RawFile : public VolumeFile {
-  public:
-    RawFile(std::filesystem::path const& path, VolumeHeader header, RawLayout const& layout)
-        : VolumeFile(path, std::move(header)), _layout(layout) {}
-
-  private:
-    void readVoxels(Box const& box, unsigned char* target, Progress const& progress) const override {
-        auto const source = openBytes(path(), _layout.headerBytes, Packing::None);
-        if (!readBox(*source, {_layout.size, _layout.type, _layout.isBigEndian}, box, target, progress)) {
-            throw Error(path(), "expected all voxels of the box; the file cannot be read to its end");
-        }
-    }
-
-    RawLayout _layout;
-};
-
-} // namespace
 
 std::unique_ptr<VolumeFile> openRaw(VolumeSource const& source, Progress const&) {
     RawLayout const& layout = source.raw.value();
@@ -43,7 +23,11 @@ std::unique_ptr<VolumeFile> openRaw(VolumeSource const& source, Progress const&)
     header.format = "raw";
     header.type = layout.type;
     header.size = layout.size;
-    return std::make_unique<RawFile>(source.path, std::move(header), layout);
+    VoxelFiles voxels;
+    voxels.paths = {source.path};
+    voxels.start = layout.headerBytes;
+    voxels.rows.isBigEndian = layout.isBigEndian;
+    return openVoxelFiles(source, std::move(header), std::move(voxels));
 }
 
 } // namespace tamo::volume

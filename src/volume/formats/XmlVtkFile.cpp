@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <fstream>
 #include <mutex>
 #include <string_view>
@@ -71,14 +72,19 @@ class Listener : public vtkCommand {
 
     void Execute(vtkObject* caller, unsigned long, void*) override {
         auto* const reader = static_cast<vtkAlgorithm*>(caller);
-        if (progress && !isCancelled && !progress(reader->GetProgress())) {
-            isCancelled = true;
+        // VTK is not made for exceptions: they wait until it has come back.
+        try {
+            if (!cancellation) {
+                report(progress, reader->GetProgress());
+            }
+        } catch (...) {
+            cancellation = std::current_exception();
             reader->SetAbortExecute(1);
         }
     }
 
     Progress progress;
-    bool isCancelled = false;
+    std::exception_ptr cancellation;
 };
 
 [[noreturn]] void throwDamaged(fs::path const& path) {
@@ -161,8 +167,8 @@ vtkSmartPointer<vtkImageData> readImage(fs::path const& path, Progress const& pr
     reader->AddObserver(vtkCommand::ProgressEvent, listener);
     Silence const silence;
     reader->Update();
-    if (listener->isCancelled) {
-        throw Cancelled();
+    if (listener->cancellation) {
+        std::rethrow_exception(listener->cancellation);
     }
     vtkImageData* const image = reader->GetOutput();
     vtkDataArray const* const scalars = image->GetPointData()->GetScalars();

@@ -4,6 +4,7 @@
 
 #include "support/files/TemporaryFolder.h"
 #include "support/files/fileContent.h"
+#include "volume/support/gzipped.h"
 #include "volume/support/packed.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +39,16 @@ TEST(ByteSource, HoldsNoMoreThanItsPackingAllows) {
     for (Packing const packing : {Packing::None, Packing::Gzip, Packing::Bzip2}) {
         EXPECT_EQ(mostUnpackedBytes(packing, UINT64_MAX), UINT64_MAX);
     }
+}
+
+TEST(ByteSource, IsPackedWhereItsFirstBytesSaySo) {
+    TemporaryFolder const folder;
+    writeFile(folder / "plain.gz", "text");
+    writeFile(folder / "packed", gzipped("text"));
+    writeFile(folder / "empty.gz", "");
+    EXPECT_EQ(tamo::volume::packingOf(folder / "plain.gz"), Packing::None);
+    EXPECT_EQ(tamo::volume::packingOf(folder / "empty.gz"), Packing::None);
+    EXPECT_EQ(tamo::volume::packingOf(folder / "packed"), Packing::Gzip);
 }
 
 } // namespace

@@ -9,9 +9,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace {
 
 using tamo::volume::Box;
+using tamo::volume::Error;
 using tamo::volume::Packing;
 using tamo::volume::ScalarType;
 using tamo::volume::VoxelFiles;
@@ -36,7 +39,7 @@ std::string textOf(VoxelFiles const& files, Box const& box = kWhole) {
 std::string refusalOf(VoxelFiles const& files) {
     try {
         static_cast<void>(textOf(files));
-    } catch (tamo::volume::Error const& error) {
+    } catch (Error const& error) {
         return error.path().filename().string();
     }
     return "";
@@ -161,6 +164,58 @@ TEST(VoxelFiles, AreRefusedWhereWhatIsPackedIsNotComplete) {
     EXPECT_EQ(refusalOf(files), "");
     writeFile(folder / "a", packed.substr(0, packed.size() - 1));
     EXPECT_EQ(refusalOf(files), "a");
+}
+
+// Three frames of 2 x 2 x 2 bytes behind one byte.
+VoxelFiles threeFrames(std::filesystem::path const& path) {
+    VoxelFiles files;
+    files.paths = {path};
+    files.skipped = 1;
+    files.rows.size = {2, 2, 2};
+    files.frames = 3;
+    return files;
+}
+
+TEST(VoxelFiles, MayBeFollowedByOtherBytes) {
+    TemporaryFolder const folder;
+    writeFile(folder / "a", std::string(27, 'x'));
+    EXPECT_NO_THROW(threeFrames(folder / "a").check());
+    EXPECT_EQ(threeFrames(folder / "a").bytesBehind(), 2U);
+    writeFile(folder / "a", std::string(24, 'x'));
+    EXPECT_THROW(threeFrames(folder / "a").check(), Error);
+}
+
+TEST(VoxelFiles, RefuseFramesThatCannotBeCounted) {
+    TemporaryFolder const folder;
+    writeFile(folder / "a", std::string(25, 'x'));
+    VoxelFiles files = threeFrames(folder / "a");
+    EXPECT_EQ(files.bytesBehind(), 0U);
+    files.frames = INT64_MAX;
+    EXPECT_THROW(files.check(), Error);
+    files.frames = INT64_MAX / 64 + 1;
+    EXPECT_THROW(files.check(), Error);
+    files = threeFrames(folder / "a");
+    files.skipped = UINT64_MAX;
+    EXPECT_THROW(files.check(), Error);
+}
+
+TEST(VoxelFiles, CanBeCancelledWhereNothingIsReadThatIsWanted) {
+    TemporaryFolder const folder;
+    constexpr std::uint64_t kSkipped = 1 << 20;
+    writeFile(folder / "a",
+              zlibbed(std::string(kSkipped, '-') + "abcdefghABCDEFGHabcdefgh" + std::string(kSkipped, '-')));
+    VoxelFiles files = threeFrames(folder / "a");
+    files.packing = Packing::Gzip;
+    files.skipped = kSkipped;
+    int calls = 0;
+    std::array<unsigned char, 8> voxels{};
+    files.read(tamo::volume::wholeOf({2, 2, 2}), voxels.data(), [&](double) { return ++calls > 0; });
+    EXPECT_GT(calls, 20);
+    for (int const last : {1, calls}) {
+        calls = 0;
+        auto const cancel = [&](double) { return ++calls < last; };
+        EXPECT_THROW(files.read(tamo::volume::wholeOf({2, 2, 2}), voxels.data(), cancel), tamo::volume::Cancelled);
+    }
 }
 
 } // namespace

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <future>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -46,6 +49,32 @@ TEST_P(BoxOfFile, BeginsWhereItsFirstVoxelLies) {
     auto const file = tamo::volume::openVolume(sourceOf(folder / GetParam().fileName), {});
     Volume const part = file->read({{1, 2, 3}, {11, 8, 4}}, {});
     EXPECT_EQ(part.origin(), file->header().geometry.position({1, 2, 3}));
+}
+
+TEST_P(BoxOfFile, IsTheSameOnSeveralThreadsAtOnce) {
+    TemporaryFolder const folder;
+    GetParam().write(makePhantom(13, 11, 7), folder.path());
+    auto const file = tamo::volume::openVolume(sourceOf(folder / GetParam().fileName), {});
+    Box const box{{1, 2, 3}, {11, 8, 4}};
+    Volume const alone = file->read(box, {});
+    std::vector<std::future<Volume>> readings;
+    for (int i = 0; i < 4; ++i) {
+        readings.push_back(std::async(std::launch::async, [&] { return file->read(box, {}); }));
+    }
+    for (std::future<Volume>& reading : readings) {
+        Volume const volume = reading.get();
+        EXPECT_EQ(std::memcmp(volume.voxels, alone.voxels, alone.bytes()), 0);
+    }
+}
+
+TEST_P(BoxOfFile, LetsOutWhatItsProgressThrows) {
+    TemporaryFolder const folder;
+    GetParam().write(makePhantom(13, 11, 7), folder.path());
+    auto const file = tamo::volume::openVolume(sourceOf(folder / GetParam().fileName), {});
+    auto const fail = [](double) -> bool { throw std::range_error("made"); };
+    EXPECT_THROW(static_cast<void>(file->read(tamo::volume::wholeOf({13, 11, 7}), fail)), std::range_error);
+    auto const cancel = [](double) { return false; };
+    EXPECT_THROW(static_cast<void>(file->read({{1, 2, 3}, {11, 8, 4}}, cancel)), tamo::volume::Cancelled);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, BoxOfFile, testing::ValuesIn(testFormats()),

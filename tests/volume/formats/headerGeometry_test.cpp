@@ -1,10 +1,6 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "volume/formats/TextHeaderFile.h"
-
-#include "support/files/TemporaryFolder.h"
-#include "support/files/fileContent.h"
-#include "volume/Error.h"
+#include "volume/formats/headerGeometry.h"
 
 #include <gtest/gtest.h>
 
@@ -15,24 +11,7 @@ namespace {
 using tamo::Vector3;
 using tamo::volume::VolumeHeader;
 
-TEST(TextHeaderFile, ReadsTheFrameOfItsHeader) {
-    TemporaryFolder const folder;
-    writeFile(folder / "a", "abcdefghABCDEFGH");
-    VolumeHeader header;
-    header.size = {2, 2, 2};
-    header.frames = 2;
-    header.frame = 1;
-    tamo::volume::VolumeSource source;
-    source.path = folder / "h";
-    tamo::volume::VoxelFiles voxels;
-    voxels.paths = {folder / "a"};
-    auto const volume = openVoxelFiles(source, header, voxels)->read({{1, 0, 0}, {1, 1, 1}}, {});
-    EXPECT_EQ(std::string(reinterpret_cast<char const*>(volume.voxels), 4), "BDFH");
-    header.geometry.origin[1] = HUGE_VAL;
-    EXPECT_THROW(static_cast<void>(openVoxelFiles(source, header, voxels)), tamo::volume::Error);
-}
-
-TEST(TextHeaderFile, TurnsAxesOfNegativeSpacingRoundAndSaysSo) {
+TEST(HeaderGeometry, TurnsAxesOfNegativeSpacingRoundAndSaysSo) {
     VolumeHeader header;
     setSpacing(header, {2, -3, 4});
     EXPECT_EQ(header.geometry.spacing, (Vector3{2, 3, 4}));
@@ -41,7 +20,7 @@ TEST(TextHeaderFile, TurnsAxesOfNegativeSpacingRoundAndSaysSo) {
     EXPECT_EQ(header.notes, (std::vector<std::string>{"the spacing along y is negative: the axis was turned round"}));
 }
 
-TEST(TextHeaderFile, KnowsUnitsOfLengthAndNotesOthers) {
+TEST(HeaderGeometry, KnowsUnitsOfLengthAndNotesOthers) {
     VolumeHeader header;
     EXPECT_EQ(millimetresOf(header, ""), 1);
     EXPECT_EQ(header.geometry.fileUnit, "");
@@ -52,7 +31,7 @@ TEST(TextHeaderFile, KnowsUnitsOfLengthAndNotesOthers) {
     EXPECT_EQ(header.notes.size(), 1U);
 }
 
-TEST(TextHeaderFile, MakesNoNegativeZeros) {
+TEST(HeaderGeometry, MakesNoNegativeZeros) {
     Vector3 const product = tamo::volume::scaled({0, 2, 3}, {-1, -1, 1});
     EXPECT_EQ(product, (Vector3{0, -2, 3}));
     EXPECT_FALSE(std::signbit(product[0]));

@@ -1,26 +1,10 @@
 // SPDX-FileCopyrightText: The TAMO authors
 // SPDX-License-Identifier: BSD-3-Clause
-#include "TextHeaderFile.h"
+#include "headerGeometry.h"
 
-#include "../Error.h"
-
-#include <algorithm>
 #include <cmath>
 
 namespace tamo::volume {
-
-std::unique_ptr<VolumeFile> openVoxelFiles(VolumeSource const& source, VolumeHeader header, VoxelFiles voxels) {
-    Vector3 const& origin = header.geometry.origin;
-    if (!std::all_of(origin.begin(), origin.end(), [](double x) { return std::isfinite(x); })) {
-        throw Error(source.path, "expected a finite origin in the header");
-    }
-    voxels.rows.size = header.size;
-    voxels.rows.type = header.type;
-    voxels.frames = header.frames;
-    voxels.frame = header.frame;
-    voxels.check();
-    return std::make_unique<TextHeaderFile>(source.path, std::move(header), std::move(voxels));
-}
 
 void setSpacing(VolumeHeader& header, Vector3 const& spacing) {
     GridGeometry& geometry = header.geometry;
