@@ -29,7 +29,8 @@ SliceListing listFolder(std::filesystem::path const& folder);
 std::vector<std::filesystem::path> listTree(std::filesystem::path const& folder, Progress const& progress);
 
 /// Takes from the pictures one that is a preview of the others, as scanners leave it among at least 10 slices: one that
-/// is alone of its format, DICOM counting as a format, or whose name alone ends in "_spr". Moves it to the others.
+/// is alone of its format, DICOM counting as a format, or whose name alone ends in "_spr". Of the only picture, unless
+/// it is a TIFF file, two DICOM files or a folder beside it are enough. Moves it to the others.
 void setPreviewApart(SliceListing& listing);
 
 /// Returns a note that names up to 3 files that are no slices; empty for none.

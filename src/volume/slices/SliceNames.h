@@ -12,9 +12,10 @@ namespace tamo::volume {
 /// before slice 10.
 bool isBefore(std::string const& a, std::string const& b);
 
-/// Throws `Error` where the names of slices, in the order of `isBefore`, show that one is missing or there twice: two
-/// names that differ only in leading zeros or in their ending, or, where names differ in one number only, a step
-/// between neighbours that is not that of at least half of them.
+/// Throws `Error` where the names of slices, in the order of `isBefore`, show that one is missing, there twice or none
+/// of the volume: two names that differ only in leading zeros, capitals or their ending; a name unlike the numbered
+/// ones of more than half of all; two numbers of which one begins anew with the other; or, where names differ in one
+/// number only, a step between neighbours that is not that of at least half of them.
 void checkNumbering(std::vector<std::filesystem::path> const& slices);
 
 } // namespace tamo::volume
