@@ -77,17 +77,28 @@ void fillSeries(DcmDataset& dataset, char const* sopClass) {
     setElement(dataset, DCM_SeriesNumber, "3");
 }
 
-void compress(DcmDataset& dataset, E_TransferSyntax syntax) {
-    static bool const kIsReady = [] {
+// The encoders stand in registries of the process as long as this does.
+class Encoders {
+  public:
+    Encoders() {
         // It says what it does with each picture.
         OFLog::getLogger("dcmtk.dcmimgle").setLogLevel(OFLogger::ERROR_LOG_LEVEL);
         DcmRLEEncoderRegistration::registerCodecs();
         DJEncoderRegistration::registerCodecs();
         // The library's other encoder ("cooked") writes past its buffer where a small picture does not shrink.
         DJLSEncoderRegistration::registerCodecs(0, 0, 0, 0, /*preferCookedEncoding=*/OFFalse);
-        return true;
-    }();
-    static_cast<void>(kIsReady);
+    }
+    ~Encoders() {
+        DJLSEncoderRegistration::cleanup();
+        DJEncoderRegistration::cleanup();
+        DcmRLEEncoderRegistration::cleanup();
+    }
+    Encoders(Encoders const&) = delete;
+    Encoders& operator=(Encoders const&) = delete;
+};
+
+void compress(DcmDataset& dataset, E_TransferSyntax syntax) {
+    static Encoders const kEncoders;
     check(dataset.chooseRepresentation(syntax, nullptr));
 }
 
