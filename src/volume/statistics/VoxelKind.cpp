@@ -7,8 +7,8 @@
 namespace tamo::volume {
 
 VoxelKind findVoxelKind(Volume const& volume, VoxelStatistics const& statistics, Progress const& progress) {
-    bool const isFinite = statistics.nan + statistics.positiveInfinite + statistics.negativeInfinite == 0;
-    if (statistics.values && statistics.values->size() == 2 && isFinite) {
+    // NaN, as some programs mark what lies outside, is neither of the two.
+    if (statistics.values && statistics.values->size() == 2) {
         return VoxelKind::Mask;
     }
     if (!statistics.areWhole) {

@@ -77,7 +77,8 @@ ForegroundWish wishOf(RenderOptions const& options, volume::VolumeHeader const& 
 Scan threshold(RenderOptions const& options, volume::Volume const& volume) {
     std::string const path = options.source.path.string();
     volume::VoxelStatistics const found = lookThrough(volume);
-    printNotes(volume.header, found);
+    printNotes(volume.header.notes, std::cout);
+    printWhatIsNotFinite(found);
     ForegroundChoice const choice = [&] {
         Progress progress("choosing");
         return chooseForeground(volume, found, wishOf(options, volume.header), path, progress.callback());

@@ -3,11 +3,13 @@
 #include "VolumeInput.h"
 
 #include "../terminal/Progress.h"
-#include "../terminal/numberText.h"
 
 #include "volume/openVolume.h"
 
+#include <algorithm>
+#include <iomanip>
 #include <iostream>
+#include <sstream>
 
 namespace tamo::tool {
 
@@ -28,17 +30,25 @@ volume::VoxelStatistics lookThrough(volume::Volume const& volume) {
 
 std::string spacingText(volume::GridGeometry const& geometry) {
     Vector3 const& spacing = geometry.spacing;
-    return numberText(spacing[0]) + " x " + numberText(spacing[1]) + " x " + numberText(spacing[2]) + " mm";
+    std::ostringstream text;
+    // As many digits as single precision holds, in which many files state lengths.
+    text << std::setprecision(6) << spacing[0] << " x " << spacing[1] << " x " << spacing[2] << " mm";
+    return text.str();
 }
 
-void printNotes(volume::VolumeHeader const& header, volume::VoxelStatistics const& statistics) {
-    for (std::string const& note : header.notes) {
-        std::cout << "note        " << note << "\n";
+void printNotes(std::vector<std::string> const& notes, std::ostream& out) {
+    for (std::string note : notes) {
+        // Names of files may hold line ends.
+        std::replace(note.begin(), note.end(), '\n', ' ');
+        out << "note        " << note << "\n";
     }
+}
+
+void printWhatIsNotFinite(volume::VoxelStatistics const& statistics) {
     std::uint64_t const infinite = statistics.positiveInfinite + statistics.negativeInfinite;
     if (statistics.nan + infinite > 0) {
-        std::cout << "note        " << statistics.nan << " voxels are NaN and " << infinite
-                  << " are infinite; the range leaves them out\n";
+        std::cout << "note        of the voxels " << statistics.nan << " NaN and " << infinite
+                  << " infinite, left out of the range\n";
     }
 }
 

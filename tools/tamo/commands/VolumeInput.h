@@ -7,8 +7,10 @@
 #include "volume/VolumeSource.h"
 #include "volume/statistics/VoxelStatistics.h"
 
+#include <iosfwd>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tamo::tool {
 
@@ -21,7 +23,10 @@ volume::VoxelStatistics lookThrough(volume::Volume const& volume);
 /// Writes a spacing as "1 x 2 x 3 mm".
 std::string spacingText(volume::GridGeometry const& geometry);
 
-/// Prints, one line each, what the reader assumed or left out, and the voxels that are not finite.
-void printNotes(volume::VolumeHeader const& header, volume::VoxelStatistics const& statistics);
+/// Prints, one line each, what the reader assumed or left out.
+void printNotes(std::vector<std::string> const& notes, std::ostream& out);
+
+/// Prints how many voxels are not finite, where there are any.
+void printWhatIsNotFinite(volume::VoxelStatistics const& statistics);
 
 } // namespace tamo::tool

@@ -175,9 +175,7 @@ void printReport(VolumeReport const& report, std::ostream& out) {
         out << "scaling     " << header.slope << " * stored + " << header.intercept << "\n";
     }
     printValues(report, out);
-    for (std::string const& note : header.notes) {
-        out << "note        " << note << "\n";
-    }
+    printNotes(header.notes, out);
     out << "bytes       " << report.bytes << "\n";
 }
 
