@@ -15,7 +15,7 @@ TEST(HalfToFloat, RisesThroughAllFiniteNumbersInTheirSteps) {
     for (std::uint16_t half = 0; half < 0x7C00; ++half) {
         ASSERT_EQ(halfToFloat(half), expected) << half;
         ASSERT_EQ(halfToFloat(static_cast<std::uint16_t>(half | 0x8000)), -expected) << half;
-        step *= half >= 0x800 && half % 0x400 == 0 ? 2 : 1;
+        step *= half >= 0x800 && half % 0x400 == 0 ? 2.0F : 1.0F;
         expected += step;
     }
     EXPECT_EQ(halfToFloat(0x3C00), 1);
