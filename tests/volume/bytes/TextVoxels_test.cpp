@@ -13,7 +13,6 @@
 
 namespace {
 
-using tamo::volume::Box;
 using tamo::volume::ScalarType;
 
 // The numbers of a row of voxels, or nothing where they are refused.

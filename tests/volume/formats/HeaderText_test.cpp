@@ -61,7 +61,9 @@ TEST(HeaderLines, AreNotReadFromAFileWithoutAny) {
 
 TEST(HeaderLines, AreRefusedQuicklyWithoutAnEnd) {
     TemporaryFolder const folder;
-    writeFile(folder / "a", std::string(40'000'000, 'x'));
+    std::string endless;
+    endless.resize(40'000'000, 'x');
+    writeFile(folder / "a", endless);
     HeaderLines lines(folder / "a");
     auto const start = std::chrono::steady_clock::now();
     EXPECT_THROW(static_cast<void>(lines.next()), Error);

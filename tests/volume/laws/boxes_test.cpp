@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <future>
+#include <iterator>
 #include <stdexcept>
 #include <vector>
 
@@ -58,9 +60,8 @@ TEST_P(BoxOfFile, IsTheSameOnSeveralThreadsAtOnce) {
     Box const box{{1, 2, 3}, {11, 8, 4}};
     Volume const alone = file->read(box, {});
     std::vector<std::future<Volume>> readings;
-    for (int i = 0; i < 4; ++i) {
-        readings.push_back(std::async(std::launch::async, [&] { return file->read(box, {}); }));
-    }
+    std::generate_n(std::back_inserter(readings), 4,
+                    [&] { return std::async(std::launch::async, [&] { return file->read(box, {}); }); });
     for (std::future<Volume>& reading : readings) {
         Volume const volume = reading.get();
         EXPECT_EQ(std::memcmp(volume.voxels, alone.voxels, alone.bytes()), 0);
