@@ -216,7 +216,9 @@ std::unique_ptr<VolumeFile> openTiff(VolumeSource const& source, Progress const&
     if (auto const text = parseShapedText(description, stack.page.width, stack.page.height)) {
         return openShaped(std::move(opening), *text);
     }
-    return openPages(std::move(opening), stack.slicePages());
+    // Before the stack is moved: in which order arguments are made is the compiler's choice.
+    std::vector<std::uint64_t> pages = stack.slicePages();
+    return openPages(std::move(opening), std::move(pages));
 }
 
 } // namespace tamo::volume
