@@ -5,6 +5,7 @@
 #include "support/files/TemporaryFolder.h"
 #include "support/files/fileContent.h"
 #include "volume/Error.h"
+#include "volume/support/gzipped.h"
 
 #include <gtest/gtest.h>
 
@@ -18,19 +19,7 @@ using tamo::volume::openDeflatedBytes;
 using tamo::volume::openFileBytes;
 
 // A deflate stream without header or check sum.
-std::string deflated(std::string const& bytes) {
-    z_stream stream{};
-    deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY);
-    std::string packed(deflateBound(&stream, bytes.size()), '\0');
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-    stream.avail_out = static_cast<uInt>(packed.size());
-    deflate(&stream, Z_FINISH);
-    packed.resize(stream.total_out);
-    deflateEnd(&stream);
-    return packed;
-}
+std::string deflated(std::string const& bytes) { return gzipped(bytes, -MAX_WBITS); }
 
 TEST(DicomBytes, AreReadAtAnyPlaceButNotPastTheEnd) {
     TemporaryFolder const folder;

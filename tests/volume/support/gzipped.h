@@ -6,11 +6,10 @@
 
 #include <string>
 
-/// Returns bytes as a gzip file.
-inline std::string gzipped(std::string const& bytes) {
-    constexpr int kGzip = MAX_WBITS + 16;
+/// Returns bytes as a gzip file; or, with -MAX_WBITS, as a deflate stream without header and check sum.
+inline std::string gzipped(std::string const& bytes, int windowBits = MAX_WBITS + 16) {
     z_stream stream{};
-    deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, kGzip, 8, Z_DEFAULT_STRATEGY);
+    deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, windowBits, 8, Z_DEFAULT_STRATEGY);
     std::string packed(deflateBound(&stream, bytes.size()), '\0');
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
     stream.avail_in = static_cast<uInt>(bytes.size());
